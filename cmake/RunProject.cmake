@@ -1,0 +1,26 @@
+# Configures and builds a project in a fresh folder, runs a program of it, and checks what it
+# prints. Used by the tests for the projects that stand outside this one.
+#
+#   cmake -D source=... -D build=... -D options=... -D "program=..." -D "arguments=..."
+#         -D "expected=<regular expression>" -D generator=... -P RunProject.cmake
+file(REMOVE_RECURSE "${build}")
+
+function(run)
+  execute_process(COMMAND ${ARGV} RESULT_VARIABLE status OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT status EQUAL 0)
+    message(FATAL_ERROR "${ARGV}\nended with ${status}\n${out}\n${err}")
+  endif()
+  set(out "${out}" PARENT_SCOPE)
+endfunction()
+
+if(installFrom)
+  run("${CMAKE_COMMAND}" --install "${installFrom}" --prefix "${build}/prefix")
+  list(APPEND options "-DCMAKE_PREFIX_PATH=${build}/prefix")
+endif()
+run("${CMAKE_COMMAND}" -G "${generator}" -S "${source}" -B "${build}/out" ${options})
+run("${CMAKE_COMMAND}" --build "${build}/out")
+run("${build}/out/${program}" ${arguments})
+message("${out}")
+if(NOT out MATCHES "${expected}")
+  message(FATAL_ERROR "the program did not print what matches: ${expected}")
+endif()

@@ -1,0 +1,38 @@
+#include "package_paths.h"
+
+#include <boost/filesystem/path.hpp>
+
+#include "literals.h"
+
+namespace Vornik {
+
+namespace {
+
+using boost::filesystem::path;
+
+std::string Join(const path& folder, const std::string& name) {
+  constexpr char separator = static_cast<char>(path::preferred_separator);
+  return path(folder.string() + separator + name).make_preferred().string();
+}
+
+}  // namespace
+
+std::string PathInFolder(const std::string& folder, const std::string& name) {
+  return Join(path(folder), name);
+}
+
+std::string MemberPath(const std::string& packPath, const std::string& xmlFilename) {
+  return Join(path(packPath).parent_path(), xmlFilename);
+}
+
+bool IsPacksOwnInstance(const std::string& packPath, const std::string& xmlFilename) {
+  return xmlFilename.empty() || xmlFilename == path(packPath).filename().string();
+}
+
+std::string FileStem(const std::string& file) { return path(file).stem().string(); }
+
+bool MayNameDescriptor(const std::string& file) {
+  return file.find(descriptorExtension) != std::string::npos;
+}
+
+}  // namespace Vornik

@@ -1,0 +1,32 @@
+// How paths are put together and taken apart. One separator goes between folder and name, the
+// platform's preferred one; on Windows every forward slash then becomes a backslash.
+//
+//   on Windows: MemberPath("C:\\pkgs\\P.xml", "sub/m3.xml")  =>  "C:\\pkgs\\sub\\m3.xml"
+//   on POSIX:   MemberPath("/pkgs/P.xml", "m1.xml")          =>  "/pkgs/m1.xml"
+//               MemberPath("/pkgs/P.xml", "")                =>  "/pkgs/"
+//               PathInFolder("/pkgs/", "p.exe")              =>  "/pkgs//p.exe"
+#ifndef VORNIK_QUERYPACKAGE_PACKAGE_PATHS_H
+#define VORNIK_QUERYPACKAGE_PACKAGE_PATHS_H
+
+#include <string>
+
+namespace Vornik {
+
+// The file of that name in a folder. Neither is tidied first.
+std::string PathInFolder(const std::string& folder, const std::string& name);
+
+// The descriptor that a pack's instance stands for: the file of that name beside the pack.
+std::string MemberPath(const std::string& packPath, const std::string& xmlFilename);
+
+// Whether an instance is the pack's own: it names no file, or the pack's file exactly.
+bool IsPacksOwnInstance(const std::string& packPath, const std::string& xmlFilename);
+
+// The last component of a path without its last extension. ".xml" has an empty stem.
+std::string FileStem(const std::string& path);
+
+// Whether a path can name a descriptor at all: it holds ".xml" somewhere.
+bool MayNameDescriptor(const std::string& path);
+
+}  // namespace Vornik
+
+#endif  // VORNIK_QUERYPACKAGE_PACKAGE_PATHS_H

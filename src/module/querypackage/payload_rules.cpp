@@ -1,0 +1,34 @@
+#include "payload_rules.h"
+
+#include <boost/system/system_error.hpp>
+
+#include "descriptor_files.h"
+#include "literals.h"
+#include "package_paths.h"
+
+namespace Vornik {
+
+namespace {
+
+// A name that cannot be turned into a path of this system names no file.
+bool IsFileInFolder(const std::string& folder, const std::string& name) {
+  try {
+    return IsRegularFile(PathInFolder(folder, name));
+  } catch (const boost::system::system_error&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+PayloadVerdict JudgePayload(const SupXmlProperties& properties, const std::string& folder) {
+  const std::string xmlFilename = GetPropertyValue(PropertyName::xmlFilename, properties);
+  if (xmlFilename.empty()) return PayloadVerdict::NoXmlFilename;
+  const std::string payload = GetPropertyValue(PropertyName::payload, properties);
+  if (payload.empty()) return PayloadVerdict::NoPayload;
+  if (!IsFileInFolder(folder, xmlFilename)) return PayloadVerdict::DescriptorMissing;
+  if (!IsFileInFolder(folder, payload)) return PayloadVerdict::PayloadMissing;
+  return PayloadVerdict::Found;
+}
+
+}  // namespace Vornik

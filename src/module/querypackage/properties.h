@@ -1,0 +1,48 @@
+// Named properties as one descriptor, or one instance of a pack, holds them.
+//
+//   GetPropertyValue("type", {{"Type","",{"1"}}, {"TYPE","",{"2","3"}}})   =>  "2"
+//   GetPropertyValue("type", {{"type","",{"1"}}, {"type","",{}}})          =>  "1"
+//   GetPropertyValues("type", {{"type","",{"1"}}, {"type","",{}}})         =>  {}
+#ifndef VORNIK_QUERYPACKAGE_PROPERTIES_H
+#define VORNIK_QUERYPACKAGE_PROPERTIES_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Vornik {
+
+struct SupXmlProperty {
+  std::string name;  // empty where the element has no NAME
+  std::string type;  // kept as read; nothing interprets it
+  std::vector<std::string> values;
+};
+
+// In document order. Two properties of one name are both kept; look-ups decide between them.
+using SupXmlProperties = std::vector<SupXmlProperty>;
+
+// One loaded descriptor: an individual one, or one member of a pack.
+struct PackageXmlEntry {
+  std::string xmlFile;
+  SupXmlProperties properties;
+};
+
+// One loaded pack.
+struct KovuPackEntry {
+  std::string kovuXmlFile;
+  std::vector<PackageXmlEntry> members;  // the pack's own instance first
+};
+
+// The first value of the last property of that name, in any case, that has one; "" if none has.
+std::string GetPropertyValue(std::string_view name, const SupXmlProperties& properties);
+
+// The same without a copy: null if none has a value. It points into properties.
+const std::string* FindPropertyValue(std::string_view name, const SupXmlProperties& properties);
+
+// All values of the last property of that name, in any case: an empty one hides those before it.
+std::vector<std::string> GetPropertyValues(std::string_view name,
+                                           const SupXmlProperties& properties);
+
+}  // namespace Vornik
+
+#endif  // VORNIK_QUERYPACKAGE_PROPERTIES_H

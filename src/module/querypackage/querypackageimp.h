@@ -1,0 +1,82 @@
+// The implementation object: the settings of one query, the descriptors it has loaded, and the
+// stages of a query. Rules live in the modules beside it; every log line is written here.
+#ifndef VORNIK_QUERYPACKAGE_QUERYPACKAGEIMP_H
+#define VORNIK_QUERYPACKAGE_QUERYPACKAGEIMP_H
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "QueryPackage.h"
+#include "properties.h"
+
+namespace Vornik {
+
+class QueryPackageImp {
+ public:
+  using Results = std::vector<QueryPackageResult>;
+
+  int RunQuery(Results& results);
+
+  // The stages, in the order in which RunQuery runs them, each with the operations that it rests
+  // on. A filter writes its verdicts into the records; nothing that it meets fails the query.
+  bool CheckParameterValidity();
+
+  bool ParseXmlPackageFolder();
+  bool IsKovuXml(std::string path);
+  bool IsIndividualXml(std::string path);
+  bool LoadKovuXml(std::string path);
+  bool LoadPackageXml(std::string path);
+
+  bool CreateQueryPackageResults(Results& results);
+  std::int32_t SelectKovuPack();  // an index into kovuPackEntries; -1: no pack applies
+  std::vector<QueryPackageResult::DriverFile> GetDriverFiles(const SupXmlProperties& properties);
+
+  void FilterDuplicate(Results& results);
+  void FilterPlatform(Results& results);
+  void FilterKovu(Results& results);
+  void FilterSep(Results& results);
+  void FilterPayloadExist(Results& results);
+  bool PayloadExists(std::string identificationCode);
+  void FilterSupersede(Results& results);
+  void FilterIncludeId(Results& results);
+  void FilterExcludeId(Results& results);
+  bool IsIncludedPackageId(std::string identificationCode) const;
+  bool IsExcludedPackageId(std::string identificationCode) const;
+  void FilterUpdateType(Results& results);
+
+  // The properties of the first package of that code, exactly: the members of all packs come
+  // before the individual descriptors. An empty code leaves properties untouched.
+  bool FindPackageProperties(std::string identificationCode, SupXmlProperties& properties);
+
+  std::string xmlPackageFolder;
+  OsValue osValue = OsValue::NotSet;
+  ArcValue arcValue = ArcValue::NotSet;
+  std::vector<UpdateType> updateTypes;
+  std::string machineType;
+  bool kovuFilter = true;
+  bool sepFilter = true;
+  bool payloadExistFilter = true;
+  bool supersedeFilter = true;
+  std::vector<std::string> includePackageIds;
+  std::vector<std::string> excludePackageIds;
+
+  // What all queries on this object have loaded: a query appends, nothing ever empties them.
+  std::vector<PackageXmlEntry> packageXmlEntries;
+  std::vector<KovuPackEntry> kovuPackEntries;
+
+  IQueryPackageCallback* queryCallback = nullptr;  // borrowed
+
+ private:
+  void LoadDescriptor(const std::string& path, const std::string& fileName);
+
+  // The same look-up without a copy: null if there is none, valid until descriptors are loaded.
+  const SupXmlProperties* LookUpPackageProperties(const std::string& identificationCode);
+
+  QueryPackageResult CreateResult(const PackageXmlEntry& entry, const std::string& kovuXmlFile,
+                                  const std::string& kovuName);
+};
+
+}  // namespace Vornik
+
+#endif  // VORNIK_QUERYPACKAGE_QUERYPACKAGEIMP_H

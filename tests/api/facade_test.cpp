@@ -1,0 +1,228 @@
+// The shared library as a host uses it: settings, callback, exceptions, lifetimes.
+#include <LogSettings.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <stdexcept>
+
+#include "QueryPackage.h"
+#include "captured_stdout.h"
+#include "descriptors.h"
+#include "temp_folder.h"
+
+namespace Vornik::Testing {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class Callback final : public IQueryPackageCallback {
+ public:
+  ~Callback() {
+    if (onDestruction) onDestruction();
+  }
+  void PreQueryPackage() override {
+    ++calls;
+    if (pre) pre();
+  }
+  void PostQueryPackage() override { ++calls; }
+
+  int calls = 0;
+  std::function<void()> pre;
+  std::function<void()> onDestruction;
+};
+
+class FacadeTest : public testing::Test {
+ protected:
+  FacadeTest() {
+    SetMinLogLevel(3);
+    LogToFunction([this](const LogRecord& record) { log.emplace_back(record.text); });
+  }
+  ~FacadeTest() override {
+    LogToStandardError();
+    SetMinLogLevel(1);
+  }
+
+  void SetUp() override {
+    folder.Write("a.xml", Descriptor("a").For("1234", "10", "9").Set("type", "3").Individual());
+  }
+
+  void Prepare(QueryPackage& query) {
+    query.SetXMLPackageFolder(folder.Path());
+    query.SetPlatform(os, arch, "1234");
+  }
+
+  bool Logged(const std::string& line) const {
+    return std::find(log.begin(), log.end(), line) != log.end();
+  }
+
+  static constexpr OsValue os = static_cast<OsValue>(10);
+  static constexpr ArcValue arch = static_cast<ArcValue>(9);
+  TempFolder folder;
+  Lines log;
+  std::vector<QueryPackageResult> results;
+};
+
+static_assert(!std::is_copy_constructible_v<QueryPackage>);
+static_assert(!std::is_copy_assignable_v<QueryPackage>);
+
+TEST_F(FacadeTest, NewObjectHasNothingSet) {
+  QueryPackage query;
+  results.resize(1);
+  const CapturedStdout out;
+  EXPECT_EQ(query.RunQuery(results), QueryCode::InvalidParameter);
+  EXPECT_EQ(out.Text(), "xml package folder is not set");
+  EXPECT_EQ(log, (Lines{"Check parameter validity - Start", "xml package folder is not set"}));
+  EXPECT_EQ(results.size(), 1U);
+}
+
+TEST_F(FacadeTest, NewObjectHasItsSwitchesOnAndItsListsEmpty) {
+  QueryPackage query;
+  Prepare(query);
+  EXPECT_EQ(query.RunQuery(results), QueryCode::Completed);
+  for (const char* line :
+       {"Kovu Filter - Start", "Sep Filter - Start", "PayloadExist Filter - Start",
+        "Supersede Filter - Start", "IncludePackageIDs Filter Ignored!",
+        "ExcludePackageIDs Filter Ignored!", "UpdateType Filter Ignored!"}) {
+    EXPECT_TRUE(Logged(line)) << line;
+  }
+  EXPECT_FALSE(Logged("PreQueryPackage Callback - Start"));
+}
+
+TEST_F(FacadeTest, EverySwitchReachesItsFilter) {
+  QueryPackage query;
+  Prepare(query);
+  query.SetKovuFilter(false);
+  query.SetSepFilter(false);
+  query.SetPayloadExistFilter(false);
+  query.SetSupersedeFilter(false);
+  query.SetIncludePackageIDs({"a"});
+  query.SetExcludePackageIDs({"b"});
+  query.SetUpdateTypes({static_cast<UpdateType>(3)});
+  EXPECT_EQ(query.RunQuery(results), QueryCode::Completed);
+  ASSERT_EQ(results.size(), 1U);
+  EXPECT_EQ(results[0].platformFilterStatus, FilterStatus::Matched);
+  EXPECT_EQ(results[0].kovuFilterStatus, FilterStatus::NotEvaluated);
+  EXPECT_EQ(results[0].sepFilterStatus, FilterStatus::NotEvaluated);
+  EXPECT_EQ(results[0].payloadExistFilterStatus, FilterStatus::NotEvaluated);
+  EXPECT_EQ(results[0].supersedeFilterStatus, FilterStatus::NotEvaluated);
+  EXPECT_EQ(results[0].includeIdFilterStatus, FilterStatus::Matched);
+  EXPECT_EQ(results[0].excludeIdFilterStatus, FilterStatus::Matched);
+  EXPECT_EQ(results[0].updateTypeFilterStatus, FilterStatus::Matched);
+}
+
+TEST_F(FacadeTest, EmptyUpdateTypeListSwitchesItsFilterOffAgain) {
+  QueryPackage query;
+  Prepare(query);
+  query.SetUpdateTypes({UpdateType::Any});
+  query.SetUpdateTypes({});
+  EXPECT_EQ(query.RunQuery(results), QueryCode::Completed);
+  EXPECT_TRUE(Logged("UpdateType Filter Ignored!"));
+}
+
+TEST_F(FacadeTest, ListsAreReplacedNotExtended) {
+  QueryPackage query;
+  Prepare(query);
+  query.SetIncludePackageIDs({"a"});
+  query.SetIncludePackageIDs({"b"});
+  EXPECT_EQ(query.RunQuery(results), QueryCode::Completed);
+  EXPECT_EQ(results.at(0).includeIdFilterStatus, FilterStatus::NotMatched);
+}
+
+TEST_F(FacadeTest, SettersKeepCopies) {
+  QueryPackage query;
+  Prepare(query);
+  Lines ids{"a"};
+  query.SetIncludePackageIDs(ids);
+  ids[0] = "b";
+  EXPECT_EQ(query.RunQuery(results), QueryCode::Completed);
+  EXPECT_EQ(results.at(0).includeIdFilterStatus, FilterStatus::Matched);
+}
+
+TEST_F(FacadeTest, SecondPlatformReplacesTheFirstCompletely) {
+  QueryPackage query;
+  Prepare(query);
+  query.SetPlatform(os, arch, "12345678");
+  query.SetPlatform(os, arch, "123");
+  const CapturedStdout out;
+  EXPECT_EQ(query.RunQuery(results), QueryCode::InvalidParameter);
+  query.SetPlatform(static_cast<OsValue>(11), arch, "1234");
+  EXPECT_EQ(query.RunQuery(results), QueryCode::Completed);
+  EXPECT_EQ(results.at(0).platformFilterStatus, FilterStatus::NotMatched);
+}
+
+TEST_F(FacadeTest, NullRemovesTheCallback) {
+  QueryPackage query;
+  Prepare(query);
+  Callback callback;
+  query.SetQueryCallback(&callback);
+  query.SetQueryCallback(nullptr);
+  EXPECT_EQ(query.RunQuery(results), QueryCode::Completed);
+  EXPECT_EQ(callback.calls, 0);
+}
+
+TEST_F(FacadeTest, CallbackMayChangeItsQuery) {
+  QueryPackage query;
+  Prepare(query);
+  Callback callback;
+  callback.pre = [&] {
+    query.SetQueryCallback(nullptr);
+    query.SetSepFilter(false);
+  };
+  query.SetQueryCallback(&callback);
+  EXPECT_EQ(query.RunQuery(results), QueryCode::Completed);
+  EXPECT_EQ(callback.calls, 1);
+  EXPECT_TRUE(Logged("Sep Filter Ignored!"));
+}
+
+TEST_F(FacadeTest, ExceptionOfTheCallbackPassesThroughTheLibrary) {
+  QueryPackage query;
+  Prepare(query);
+  Callback callback;
+  callback.pre = [] { throw std::out_of_range("from the host"); };
+  query.SetQueryCallback(&callback);
+  EXPECT_THROW(query.RunQuery(results), std::out_of_range);
+}
+
+#ifndef _WIN32
+
+TEST_F(FacadeTest, FileSystemErrorReachesTheHostAsAStandardException) {
+  QueryPackage query;
+  Prepare(query);
+  query.SetXMLPackageFolder(std::string(100'000, 'x'));
+  try {
+    query.RunQuery(results);
+    FAIL() << "no exception";
+  } catch (const std::exception& error) {
+    EXPECT_NE(std::string(error.what()).find("status"), std::string::npos) << error.what();
+  }
+}
+
+#endif
+
+TEST_F(FacadeTest, DestructionLeavesTheCallbackAlone) {
+  bool destroyed = false;
+  auto callback = std::make_unique<Callback>();
+  callback->onDestruction = [&destroyed] { destroyed = true; };
+  {
+    QueryPackage query;
+    query.SetQueryCallback(callback.get());
+  }
+  EXPECT_FALSE(destroyed);
+  EXPECT_EQ(callback->calls, 0);
+}
+
+TEST_F(FacadeTest, RecordsOutliveTheirQuery) {
+  {
+    QueryPackage query;
+    Prepare(query);
+    EXPECT_EQ(query.RunQuery(results), QueryCode::Completed);
+  }
+  ASSERT_EQ(results.size(), 1U);
+  EXPECT_EQ(results[0].identificationCode, "a");
+  results.clear();
+  results.shrink_to_fit();
+}
+
+}  // namespace
+}  // namespace Vornik::Testing

@@ -1,0 +1,178 @@
+// The exported record, as a host sees it.
+#include <gtest/gtest.h>
+
+#include <type_traits>
+
+#include "QueryPackage.h"
+
+namespace Vornik {
+namespace {
+
+static_assert(std::is_default_constructible_v<QueryPackageResult>);
+static_assert(std::is_copy_constructible_v<QueryPackageResult>);
+static_assert(std::is_copy_assignable_v<QueryPackageResult>);
+static_assert(std::is_nothrow_move_constructible_v<QueryPackageResult>);
+static_assert(std::is_nothrow_move_assignable_v<QueryPackageResult>);
+static_assert(std::is_same_v<std::underlying_type_t<OsValue>, std::uint32_t>);
+static_assert(std::is_same_v<std::underlying_type_t<ArcValue>, std::uint32_t>);
+static_assert(std::is_same_v<std::underlying_type_t<UpdateType>, std::int32_t>);
+static_assert(static_cast<std::int32_t>(UpdateType::Any) == 99);
+static_assert(QueryCode::Completed == 0 && QueryCode::InvalidParameter == 2 &&
+              QueryCode::FolderFailed == 3 && QueryCode::NoResults == 4);
+static_assert(FilterStatus::NotEvaluated == 0 && FilterStatus::Matched == 1 &&
+              FilterStatus::NotMatched == 2);
+
+const std::string long0(100, 'x');
+
+// Every member by name, in the order of their declaration.
+template <typename Record, typename Visit>
+void ForEachMember(Record& record, const Visit& visit) {
+  visit(record.packageXmlFile);
+  visit(record.identificationCode);
+  visit(record.driverFiles);
+  visit(record.buildNumber);
+  visit(record.description);
+  visit(record.updateSelection);
+  visit(record.rebootRequired);
+  visit(record.severity);
+  visit(record.category);
+  visit(record.payload);
+  visit(record.type);
+  visit(record.Version);
+  visit(record.applicableDeviceId);
+  visit(record.preReq);
+  visit(record.coReq);
+  visit(record.kovuXmlFile);
+  visit(record.kovuName);
+  visit(record.supersedesId);
+  visit(record.supersededById);
+  visit(record.platformFilterStatus);
+  visit(record.kovuFilterStatus);
+  visit(record.sepFilterStatus);
+  visit(record.payloadExistFilterStatus);
+  visit(record.supersedeFilterStatus);
+  visit(record.includeIdFilterStatus);
+  visit(record.excludeIdFilterStatus);
+  visit(record.updateTypeFilterStatus);
+}
+
+class Fill {
+ public:
+  void operator()(std::string& text) const { text = long0 + std::to_string(++number_); }
+  void operator()(std::vector<std::string>& texts) const {
+    texts = {long0 + std::to_string(++number_)};
+  }
+  void operator()(std::vector<QueryPackageResult::DriverFile>& files) const {
+    files = {{long0 + std::to_string(++number_), "version", "classification"}};
+  }
+  void operator()(std::uint32_t& status) const { status = static_cast<std::uint32_t>(++number_); }
+
+ private:
+  mutable int number_ = 0;
+};
+
+class Describe {
+ public:
+  explicit Describe(std::vector<std::string>& out) : out_(out) {}
+  void operator()(const std::string& text) const { out_.push_back(text); }
+  void operator()(const std::vector<std::string>& texts) const {
+    out_.push_back(testing::PrintToString(texts));
+  }
+  void operator()(const std::vector<QueryPackageResult::DriverFile>& files) const {
+    std::string text;
+    for (const auto& file : files) {
+      text.append(file.name)
+          .append("|")
+          .append(file.version)
+          .append("|")
+          .append(file.classification);
+    }
+    out_.push_back(text);
+  }
+  void operator()(std::uint32_t status) const { out_.push_back(std::to_string(status)); }
+
+ private:
+  std::vector<std::string>& out_;
+};
+
+std::vector<std::string> Contents(const QueryPackageResult& record) {
+  std::vector<std::string> contents;
+  ForEachMember(record, Describe(contents));
+  return contents;
+}
+
+QueryPackageResult FilledRecord() {
+  QueryPackageResult record;
+  ForEachMember(record, Fill());
+  return record;
+}
+
+TEST(Record, DefaultIsEmptyAndNotEvaluated) {
+  std::vector<std::string> expected(19, "");
+  for (const int list : {12, 13, 14}) expected[static_cast<std::size_t>(list)] = "{}";
+  expected.resize(27, "0");
+  EXPECT_EQ(Contents(QueryPackageResult()), expected);
+}
+
+TEST(Record, MembersStandInTheirOrder) {
+  QueryPackageResult record;
+  const char* last = nullptr;
+  int count = 0;
+  ForEachMember(record, [&](auto& member) {
+    const char* address = reinterpret_cast<const char*>(&member);
+    EXPECT_TRUE(last == nullptr || last < address) << count;
+    last = address;
+    ++count;
+  });
+  EXPECT_EQ(count, 27);
+}
+
+TEST(Record, CopiesAreDeepAndComplete) {
+  QueryPackageResult original = FilledRecord();
+  const auto contents = Contents(original);
+  QueryPackageResult copy(original);
+  QueryPackageResult assigned;
+  EXPECT_EQ(&(assigned = original), &assigned);
+  original = QueryPackageResult();
+  EXPECT_EQ(Contents(copy), contents);
+  EXPECT_EQ(Contents(assigned), contents);
+}
+
+TEST(Record, CopyOntoItselfChangesNothing) {
+  QueryPackageResult record = FilledRecord();
+  const auto contents = Contents(record);
+  const QueryPackageResult& same = record;
+  record = same;
+  EXPECT_EQ(Contents(record), contents);
+}
+
+TEST(Record, MovesTakeTheTextsWithoutCopyingThem) {
+  QueryPackageResult original = FilledRecord();
+  const auto contents = Contents(original);
+  const void* text = original.identificationCode.data();
+  const void* file = original.driverFiles.data();
+  QueryPackageResult moved(std::move(original));
+  EXPECT_EQ(moved.identificationCode.data(), text);
+  EXPECT_EQ(moved.driverFiles.data(), file);
+  QueryPackageResult assigned;
+  assigned = std::move(moved);
+  EXPECT_EQ(assigned.identificationCode.data(), text);
+  EXPECT_EQ(Contents(assigned), contents);
+}
+
+TEST(Record, GrowingVectorMovesItsRecords) {
+  std::vector<QueryPackageResult> records(1, FilledRecord());
+  const void* text = records[0].description.data();
+  records.reserve(records.capacity() + 1);
+  EXPECT_EQ(records[0].description.data(), text);
+}
+
+TEST(VersionMacros, AgreeWithOneAnother) {
+  EXPECT_EQ(std::string(QUERYPACKAGE_VERSION_STRING),
+            std::to_string(QUERYPACKAGE_VERSION_MAJOR) + "." +
+                std::to_string(QUERYPACKAGE_VERSION_MINOR) + "." +
+                std::to_string(QUERYPACKAGE_VERSION_PATCH));
+}
+
+}  // namespace
+}  // namespace Vornik

@@ -1,0 +1,128 @@
+#include "child.h"
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+#include <thread>
+
+#include "support.h"
+
+#ifndef _WIN32
+#include <sys/resource.h>
+
+#include <csignal>
+#endif
+
+namespace Vornik {
+
+std::string programPath;
+
+namespace {
+
+bool logAtExit = false;
+
+// Built before main, hence destroyed after everything that main makes.
+struct LogsWhenDestroyed {
+  LogsWhenDestroyed() = default;
+  ~LogsWhenDestroyed() {
+    if (logAtExit) Emit(1, "at exit");
+  }
+  LogsWhenDestroyed(const LogsWhenDestroyed&) = delete;
+  LogsWhenDestroyed& operator=(const LogsWhenDestroyed&) = delete;
+};
+const LogsWhenDestroyed logsWhenDestroyed;
+
+// "stderr", "function" (which writes the text to standard error) or the path of a file.
+bool Select(const std::string& destination) {
+  if (destination == "stderr") {
+    LogToStandardError();
+    return true;
+  }
+  if (destination == "function") {
+    LogToFunction([](const LogRecord& record) {
+      const std::string line = "function: " + std::string(record.text) + "\n";
+      std::fputs(line.c_str(), stderr);
+    });
+    return true;
+  }
+  return LogToFile({destination});
+}
+
+int EmitAndAbort() {
+  Emit(1, "the reason");
+  std::abort();
+}
+
+int EmitAtExit() {
+  logAtExit = true;
+  return 0;
+}
+
+// Everything that can go well or wrong, with standard output watched from outside.
+int EmitEverywhere(const std::string& folder) {
+  Emit(1, "to standard error");
+  LogToFile({folder});  // not a file
+  LogToFile({folder + "/log.txt", 50, 2});
+  for (int number = 0; number < 10; ++number) Emit(1, "rotating");
+  LogToFile({"/dev/full", 50, 2});
+  Emit(1, "lost");
+  LogToFunction([](const LogRecord& record) {
+    Emit(1, "nested");
+    if (record.level == 1) throw std::runtime_error("no");
+    throw 1;
+  });
+  Emit(1, "thrown");
+  Emit(2, "thrown");
+  LogToFunction(nullptr);
+  Emit(1, "discarded");
+  return LostLogRecords() == 0 ? 1 : 0;  // the failures did happen
+}
+
+// With a standard error that refuses what is written: every record counts, none hurts.
+int LoseEverything() {
+  LogToStandardError();
+  for (int number = 0; number < 10; ++number) Emit(1, "lost");
+  return LostLogRecords() == 10 ? 0 : 1;
+}
+
+#ifndef _WIN32
+void LimitFileSize(rlim_t bytes) {
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  limit.rlim_cur = bytes;
+  setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+// The disk fills up in the middle of a line and has room again later.
+int LogOverAFullDisk(const std::string& path) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  LimitFileSize(1000);
+  if (!LogToFile({path, 100000, 1})) return 1;
+  for (int number = 0; number < 30; ++number) Emit(1, "before " + std::to_string(number));
+  if (LostLogRecords() == 0) return 1;
+  LimitFileSize(RLIM_INFINITY);
+  std::this_thread::sleep_for(std::chrono::milliseconds(1200));
+  const std::uint64_t lostBefore = LostLogRecords();
+  for (int number = 0; number < 3; ++number) Emit(1, "after " + std::to_string(number));
+  return LostLogRecords() == lostBefore ? 0 : 1;
+}
+#endif
+
+}  // namespace
+
+int RunChild(const std::vector<std::string>& arguments) {
+  if (arguments.size() != 2) return 2;
+  const std::string& mode = arguments[0];
+  const std::string& operand = arguments[1];
+  if (mode == "abort") return Select(operand) ? EmitAndAbort() : 1;
+  if (mode == "exit") return Select(operand) ? EmitAtExit() : 1;
+  if (mode == "everywhere") return EmitEverywhere(operand);
+  if (mode == "lose") return LoseEverything();
+#ifndef _WIN32
+  if (mode == "full-disk") return LogOverAFullDisk(operand);
+#endif
+  return 2;
+}
+
+}  // namespace Vornik

@@ -1,0 +1,293 @@
+// Whole queries against their plain version: the code, every member of every record, every line of
+// the log and what is written to standard output.
+#include "plain_query.h"
+
+#include <boost/filesystem/operations.hpp>
+
+#include <algorithm>
+
+#include "captured_stdout.h"
+#include "global_locale.h"
+#include "query_fixture.h"
+#include "random_repository.h"
+#include "record_members.h"
+
+namespace Vornik::Testing {
+namespace {
+
+using Values = RandomRepository::Values;
+
+class CountingCallback final : public IQueryPackageCallback {
+ public:
+  void PreQueryPackage() override { ++pre; }
+  void PostQueryPackage() override { ++post; }
+
+  int pre = 0;
+  int post = 0;
+};
+
+// How often the queries of a test met what it is about.
+struct Tally {
+  std::size_t completed = 0;
+  std::size_t refused = 0;
+  std::size_t withoutResults = 0;
+  std::size_t records = 0;
+  std::size_t ofPacks = 0;
+  std::size_t superseded = 0;
+  std::size_t withPayload = 0;
+
+  void Add(const PlainOutcome& outcome) {
+    completed += outcome.code == QueryCode::Completed ? 1 : 0;
+    refused += outcome.code == QueryCode::InvalidParameter ? 1 : 0;
+    withoutResults += outcome.code == QueryCode::NoResults ? 1 : 0;
+    if (outcome.code != QueryCode::Completed) return;
+    records += outcome.records.size();
+    for (const QueryPackageResult& record : outcome.records) {
+      ofPacks += record.kovuName.empty() ? 0 : 1;
+      superseded += record.supersedeFilterStatus == FilterStatus::NotMatched ? 1 : 0;
+      withPayload += record.payloadExistFilterStatus == FilterStatus::Matched ? 1 : 0;
+    }
+  }
+};
+
+class PlainQueryTest : public QueryTest {
+ protected:
+  // One query, on the product and on the plain version, from the same settings, descriptors and
+  // vector. imp and results are left as the product leaves them.
+  void RunBoth(const PlainFolder& plainFolder, unsigned int threshold, Tally& tally) {
+    QueryPackageImp plainQuery = imp;
+    const PlainOutcome plain = PlainRunQuery(plainQuery, plainFolder, results);
+    RecordingLog::Reset(threshold);
+    CountingCallback callback;
+    if (imp.queryCallback != nullptr) imp.queryCallback = &callback;
+    const CapturedStdout out;
+    const int code = Run();
+    ASSERT_EQ(code, plain.code);
+    ASSERT_EQ(FirstDifference(results, plain.records), "");
+    ASSERT_EQ(Log(), plain.log.Lines(threshold));
+    ASSERT_EQ(out.Text(), plain.standardOutput);
+    ASSERT_EQ(imp.packageXmlEntries.size(), plainQuery.packageXmlEntries.size());
+    ASSERT_EQ(imp.kovuPackEntries.size(), plainQuery.kovuPackEntries.size());
+    const bool called = imp.queryCallback != nullptr && code == QueryCode::Completed;
+    ASSERT_EQ(callback.pre, called ? 1 : 0);
+    ASSERT_EQ(callback.post, called ? 1 : 0);
+    tally.Add(plain);
+  }
+
+  CountingCallback placeholder;  // stands for a callback that is set
+};
+
+// Queries on descriptors that are given as values; the folder holds payloads alone.
+class PlainQueryInMemory : public PlainQueryTest {
+ protected:
+  PlainQueryInMemory() {
+    boost::filesystem::create_directory(folder.Path() + "/sub");
+    for (const std::string& name : files) folder.Write(name, "bytes");
+    plainFolder.holdsFile = [this](const std::string& name) {
+      return std::find(files.begin(), files.end(), name) != files.end();
+    };
+  }
+
+  void RunMany(unsigned int seed, int rounds) {
+    RandomRepository random(seed, Values::InMemory);
+    random.SetFileNames({"d.desc", "e.desc", "none.desc", "sub", ""},
+                        {"p.exe", "sub/r.exe", "none.exe", "sub", ""});
+    Tally tally;
+    for (int round = 0; round < rounds; ++round) {
+      SCOPED_TRACE(round);
+      Prepare(random);
+      const unsigned int threshold = random.Pick().Of<unsigned int>({3, 3, 3, 3, 2, 1, 0});
+      ASSERT_NO_FATAL_FAILURE(RunBoth(plainFolder, threshold, tally));
+    }
+    const auto all = static_cast<std::size_t>(rounds);
+    EXPECT_GT(tally.completed, all / 2);
+    EXPECT_GT(tally.refused, all / 50);
+    EXPECT_GT(tally.withoutResults, all / 100);
+    EXPECT_GT(tally.records, all);
+    EXPECT_GT(tally.ofPacks, all / 5);
+    EXPECT_GT(tally.superseded, all / 5);
+    EXPECT_GT(tally.withPayload, all / 10);
+  }
+
+  const std::vector<std::string> files = {"d.desc", "e.desc", "p.exe", "sub/r.exe"};
+  PlainFolder plainFolder;
+
+ private:
+  void Prepare(RandomRepository& random) {
+    RandomPick& pick = random.Pick();
+    imp = QueryPackageImp();
+    PrepareFolder(pick);
+    random.Configure(imp);
+    if (pick.OneIn(2)) imp.queryCallback = &placeholder;
+    for (std::size_t left = pick.Below(6); left != 0; --left) {
+      imp.packageXmlEntries.push_back({"i" + std::to_string(left) + ".xml", random.Package()});
+    }
+    for (std::size_t left = pick.Below(4); left != 0; --left) AddPack(random);
+    results.clear();
+    if (pick.OneIn(5)) results = {RecordOf("before")};
+  }
+
+  void PrepareFolder(RandomPick& pick) {
+    imp.xmlPackageFolder = pick.OneIn(20) ? folder.Path() + "/" : folder.Path();
+    plainFolder.isDirectory = !pick.OneIn(60);
+    if (plainFolder.isDirectory) return;
+    imp.xmlPackageFolder = pick.OneIn(2) ? "" : folder.Path() + "/p.exe";
+  }
+
+  void AddPack(RandomRepository& random) {
+    static const std::vector<std::string> paths = {"p.xml", "packs/p.q.xml", "packs.d/p", ".xml"};
+    KovuPackEntry pack{random.Pick().Of(paths), {}};
+    if (!random.Pick().OneIn(20)) pack.members.push_back({"own.xml", random.PackLevel()});
+    for (std::size_t left = random.Pick().Below(5); left != 0 && !pack.members.empty(); --left) {
+      pack.members.push_back({"m" + std::to_string(left) + ".xml", random.Package()});
+    }
+    imp.kovuPackEntries.push_back(pack);
+  }
+};
+
+TEST_F(PlainQueryInMemory, FirstQuarter) { RunMany(1, 5'000); }
+
+TEST_F(PlainQueryInMemory, SecondQuarter) { RunMany(2, 5'000); }
+
+TEST_F(PlainQueryInMemory, ThirdQuarter) { RunMany(3, 5'000); }
+
+TEST_F(PlainQueryInMemory, FourthQuarter) { RunMany(4, 5'000); }
+
+TEST_F(PlainQueryInMemory, UnderALocaleOfTheHosts) {
+  const GlobalLocaleGuard guard(std::locale(std::locale::classic(), new FoldsOnlyXToY));
+  RunMany(5, 2'000);
+}
+
+// Queries on descriptors that are written to the folder and read from it.
+class PlainQueryOnDisk : public PlainQueryTest {
+ protected:
+  using Kind = PlainFile::Kind;
+
+  void RunMany(unsigned int seed, int rounds) {
+    RandomRepository random(seed, Values::OnDisk);
+    random.SetFileNames({"a.xml", "b.xml", "c.d.xml", "none.xml", "sub/s.xml", ""},
+                        {"p.exe", "sub/r.exe", "none.exe", "sub", "a.xml", ""});
+    Tally tally;
+    for (int round = 0; round < rounds; ++round) {
+      SCOPED_TRACE(round);
+      ASSERT_NO_FATAL_FAILURE(RunOne(random, tally));
+    }
+    const auto all = static_cast<std::size_t>(rounds);
+    EXPECT_GT(tally.completed, all);
+    EXPECT_GT(tally.records, all * 2);
+    EXPECT_GT(tally.ofPacks, all / 2);
+    EXPECT_GT(tally.superseded, all / 4);
+    EXPECT_GT(tally.withPayload, all / 4);
+  }
+
+ private:
+  // A folder, and two queries on it by one object: the second meets every descriptor twice.
+  void RunOne(RandomRepository& random, Tally& tally) {
+    const TempFolder repository;
+    const PlainFolder plainFolder = Write(random, repository);
+    imp = QueryPackageImp();
+    results.clear();
+    for (int run = 0; run < 2; ++run) {
+      SCOPED_TRACE(run);
+      random.Configure(imp);
+      imp.xmlPackageFolder = repository.Path();
+      imp.queryCallback = random.Pick().OneIn(2) ? &placeholder : nullptr;
+      ASSERT_NO_FATAL_FAILURE(RunBoth(plainFolder, 3, tally));
+    }
+  }
+
+  static PlainFolder Write(RandomRepository& random, const TempFolder& repository) {
+    PlainFolder plainFolder;
+    std::vector<std::string> names = {"p.exe", "sub/r.exe", "sub/s.xml"};
+    boost::filesystem::create_directory(repository.Path() + "/sub");
+    for (const std::string& name : names) repository.Write(name, "bytes");
+    for (const char* name : {"a.xml", "b.xml", "c.d.xml", "e.XML", "f.xml.bak", "g.xml", "h.xml"}) {
+      if (random.Pick().OneIn(4)) continue;
+      const PlainFile file = RandomFile(random, name);
+      repository.Write(name, TextOf(file));
+      plainFolder.files.push_back(AsRead(file));
+      names.push_back(name);
+    }
+    plainFolder.holdsFile = [names](const std::string& name) {
+      return std::find(names.begin(), names.end(), name) != names.end();
+    };
+    return plainFolder;
+  }
+
+  static PlainFile RandomFile(RandomRepository& random, const std::string& name) {
+    RandomPick& pick = random.Pick();
+    PlainFile file{name, Kind::Individual, {}};
+    if (pick.OneIn(2)) file.kind = Kind::Pack;
+    if (pick.OneIn(12))
+      file.kind = pick.Of<Kind>({Kind::Neither, Kind::BrokenIndividual, Kind::BrokenPack});
+    if (file.kind == Kind::Individual) {
+      file.instances = {pick.OneIn(20) ? SupXmlProperties() : random.Package()};
+    } else if (file.kind == Kind::Pack) {
+      FillPack(random, file);
+    }
+    return file;
+  }
+
+  // The pack's own instance stands anywhere, now and then not at all.
+  static void FillPack(RandomRepository& random, PlainFile& file) {
+    RandomPick& pick = random.Pick();
+    for (std::size_t left = 1 + pick.Below(3); left != 0; --left) {
+      file.instances.push_back(pick.OneIn(15) ? SupXmlProperties() : random.Package());
+    }
+    if (pick.OneIn(8)) return;
+    SupXmlProperties own = random.PackLevel();
+    if (!pick.OneIn(5)) own.push_back({"xmlFilename", "string", {file.name}});
+    const auto place = static_cast<std::ptrdiff_t>(pick.Below(file.instances.size() + 1));
+    file.instances.insert(file.instances.begin() + place, own);
+  }
+
+  static std::string TextOf(const PlainFile& file) {
+    std::vector<Descriptor> instances;
+    for (const SupXmlProperties& properties : file.instances) {
+      instances.push_back(DescriptorOf(properties));
+    }
+    switch (file.kind) {
+      case Kind::Individual:
+        return instances.at(0).Individual();
+      case Kind::Pack:
+        return Pack(instances);
+      case Kind::BrokenIndividual:
+        return "<CIM><SystemUpdateElement>";
+      case Kind::BrokenPack:
+        return "<CIM><ORXQDL_SystemUpdateProduct>";
+      case Kind::Neither:
+        break;
+    }
+    return "<CIM/>";
+  }
+
+  static Descriptor DescriptorOf(const SupXmlProperties& properties) {
+    Descriptor descriptor;
+    for (const SupXmlProperty& property : properties) {
+      if (property.values.size() == 1) {
+        descriptor.Set(property.name, property.values[0]);
+      } else {
+        descriptor.Set(property.name, property.values);
+      }
+    }
+    return descriptor;
+  }
+
+  // An empty value in a file is none.
+  static PlainFile AsRead(PlainFile file) {
+    for (SupXmlProperties& properties : file.instances) {
+      for (SupXmlProperty& property : properties) {
+        auto& values = property.values;
+        values.erase(std::remove(values.begin(), values.end(), ""), values.end());
+      }
+    }
+    return file;
+  }
+};
+
+TEST_F(PlainQueryOnDisk, FirstHalf) { RunMany(11, 250); }
+
+TEST_F(PlainQueryOnDisk, SecondHalf) { RunMany(12, 250); }
+
+}  // namespace
+}  // namespace Vornik::Testing

@@ -1,0 +1,25 @@
+// A program of the tests run as a child: what it printed, how it ended, what it cost.
+#ifndef VORNIK_TESTS_CHILD_PROCESS_H
+#define VORNIK_TESTS_CHILD_PROCESS_H
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+namespace Vornik::Testing {
+
+struct ChildOutcome {
+  bool ended = false;              // by itself, before it was stopped
+  bool aborted = false;            // ended through abort
+  int exitStatus = 0;              // where it ended by itself
+  std::vector<std::string> lines;  // of its standard output
+  std::chrono::milliseconds processorTime{0};
+};
+
+// Runs a program for at most that long, then stops it.
+ChildOutcome RunChild(const std::string& program, const std::vector<std::string>& arguments,
+                      std::chrono::milliseconds limit);
+
+}  // namespace Vornik::Testing
+
+#endif  // VORNIK_TESTS_CHILD_PROCESS_H

@@ -1,0 +1,17 @@
+// Look-ups of properties, step by step. Shares no code with the product.
+#ifndef VORNIK_TESTS_PLAIN_PROPERTIES_H
+#define VORNIK_TESTS_PLAIN_PROPERTIES_H
+
+#include <string>
+#include <vector>
+
+#include "properties.h"
+
+namespace Vornik::Testing {
+
+std::string PlainValue(const std::string& name, const SupXmlProperties& properties);
+std::vector<std::string> PlainValues(const std::string& name, const SupXmlProperties& properties);
+
+}  // namespace Vornik::Testing
+
+#endif  // VORNIK_TESTS_PLAIN_PROPERTIES_H

@@ -1,0 +1,149 @@
+#include "id_rules.h"
+
+#include <gtest/gtest.h>
+
+#include "global_locale.h"
+#include "plain_supersede.h"
+#include "random_pick.h"
+
+namespace Vornik::Testing {
+namespace {
+
+using Ids = std::vector<std::string>;
+
+bool IsListed(const Ids& ids, const std::string& code) { return IdSet(ids).Contains(code); }
+
+std::string Zero(const std::string& before, const std::string& after) {
+  return before + std::string(1, '\0') + after;
+}
+
+TEST(IdRules, CodesAreComparedWholeAndWithoutRegardToCase) {
+  struct Case {
+    Ids ids;
+    std::string code;
+    bool listed;
+  };
+  const Case cases[] = {
+      {{"abc"}, "abc", true},
+      {{"abc"}, "ABC", true},
+      {{"abc"}, "Abc", true},
+      {{"ABC"}, "abc", true},
+      {{"x", "y", "abc"}, "aBc", true},
+      {{"abc", "ABC", "abc"}, "abC", true},
+      {{"orx_drv_net-1.2"}, "ORX_DRV_NET-1.2", true},
+      {{""}, "", true},
+      {{"a", ""}, "", true},
+      {{Zero("a", "b")}, Zero("A", "B"), true},
+      {{"\xC3\xA4"}, "\xC3\xA4", true},
+  };
+  for (const Case& one : cases) EXPECT_EQ(IsListed(one.ids, one.code), one.listed) << one.code;
+}
+
+TEST(IdRules, WhatIsNotListed) {
+  struct Case {
+    Ids ids;
+    std::string code;
+  };
+  const Case cases[] = {
+      {{}, ""},
+      {{}, "abc"},
+      {{"abc"}, ""},
+      {{"abc"}, "abcd"},
+      {{"abc"}, "ab"},
+      {{"abc"}, "bc"},
+      {{"abc"}, "abc "},
+      {{"abc"}, " abc"},
+      {{"abc "}, "abc"},
+      {{" "}, ""},
+      {{"ab", "c"}, "abc"},
+      {{"abc"}, "ab\xE7"},
+      {{"abc"}, Zero("abc", "")},
+      {{Zero("a", "b")}, "a"},
+      {{Zero("a", "b")}, Zero("a", "c")},
+      {{"a*"}, "abc"},
+      {{"[1"}, "{1"},
+      {{"@"}, "`"},
+      {{"\xC4"}, "\xE4"},
+  };
+  for (const Case& one : cases) EXPECT_FALSE(IsListed(one.ids, one.code)) << one.code;
+}
+
+// Lists and codes in which equal, nearly equal and different ones are all frequent.
+struct Question {
+  Ids ids;
+  std::string code;
+};
+
+std::string RandomCode(RandomPick& pick) {
+  static const std::vector<char> letters = {'a', 'A', 'b', 'B', 'X', 'y', ' ', '\0', '\xE4'};
+  std::string code;
+  for (std::size_t left = pick.Below(4); left != 0; --left) code += pick.Of(letters);
+  return code;
+}
+
+Question RandomQuestion(RandomPick& pick) {
+  Question question;
+  for (std::size_t left = pick.Below(6); left != 0; --left) {
+    question.ids.push_back(RandomCode(pick));
+  }
+  question.code = RandomCode(pick);
+  return question;
+}
+
+void CompareMany(unsigned int seed, int rounds) {
+  RandomPick pick(seed);
+  int listed = 0;
+  for (int round = 0; round < rounds; ++round) {
+    const Question question = RandomQuestion(pick);
+    const bool plain = PlainIsListed(question.ids, question.code);
+    ASSERT_EQ(IsListed(question.ids, question.code), plain) << round;
+    listed += plain ? 1 : 0;
+  }
+  EXPECT_GT(listed, rounds / 20);
+  EXPECT_LT(listed, rounds / 2);
+}
+
+TEST(IdRules, SameAsThePlainRuleOnRandomLists) { CompareMany(1, 100'000); }
+
+TEST(IdRules, SameAsThePlainRuleUnderALocaleOfTheHosts) {
+  const GlobalLocaleGuard guard(std::locale(std::locale::classic(), new FoldsOnlyXToY));
+  CompareMany(2, 50'000);
+}
+
+TEST(IdRules, GlobalLocaleFolds) {
+  const GlobalLocaleGuard guard(std::locale(std::locale::classic(), new FoldsOnlyXToY));
+  EXPECT_TRUE(IsListed({"aX"}, "ay"));
+  EXPECT_TRUE(IsListed({"ay"}, "aX"));
+  EXPECT_FALSE(IsListed({"ax"}, "aX"));
+  EXPECT_FALSE(IsListed({"A"}, "a"));
+}
+
+TEST(IdRules, LocaleChangedBetweenTwoQuestionsCounts) {
+  const Ids ids = {"aX", "B"};
+  IdSet set(ids);
+  EXPECT_TRUE(set.Contains("ax"));
+  EXPECT_TRUE(set.Contains("b"));
+  EXPECT_FALSE(set.Contains("ay"));
+  {
+    const GlobalLocaleGuard guard(std::locale(std::locale::classic(), new FoldsOnlyXToY));
+    EXPECT_TRUE(set.Contains("ay"));
+    EXPECT_FALSE(set.Contains("ax"));
+    EXPECT_FALSE(set.Contains("b"));
+    EXPECT_TRUE(set.Contains("B"));
+  }
+  EXPECT_TRUE(set.Contains("ax"));
+  EXPECT_TRUE(set.Contains("b"));
+  EXPECT_FALSE(set.Contains("ay"));
+}
+
+TEST(IdRules, ListOfLaterQuestionsIsNotDisturbedByEarlierOnes) {
+  const Ids ids = {"a", "c"};
+  IdSet set(ids);
+  EXPECT_FALSE(set.Contains("b"));
+  EXPECT_TRUE(set.Contains("a"));
+  EXPECT_FALSE(set.Contains("b"));
+  EXPECT_TRUE(set.Contains("C"));
+}
+
+}  // namespace
+}  // namespace Vornik::Testing

@@ -1,0 +1,83 @@
+#include "package_paths.h"
+
+#include <gtest/gtest.h>
+
+namespace Vornik {
+namespace {
+
+struct PathCase {
+  const char* folderOrPack;
+  const char* name;
+  const char* path;
+};
+
+#ifdef _WIN32
+
+TEST(PackagePaths, MemberPath) {
+  for (const PathCase& c : {PathCase{"C:\\pkgs\\P.xml", "m1.xml", "C:\\pkgs\\m1.xml"},
+                            PathCase{"C:\\pkgs\\P.xml", "P.xml", "C:\\pkgs\\P.xml"},
+                            PathCase{"C:\\pkgs\\P.xml", "sub/m3.xml", "C:\\pkgs\\sub\\m3.xml"},
+                            PathCase{"C:\\pkgs\\P.xml", "", "C:\\pkgs\\"},
+                            PathCase{"C:/pkgs/P.xml", "m.xml", "C:\\pkgs\\m.xml"}}) {
+    EXPECT_EQ(MemberPath(c.folderOrPack, c.name), c.path);
+  }
+}
+
+TEST(PackagePaths, PathInFolder) {
+  for (const PathCase& c : {PathCase{"C:\\pkgs", "p.exe", "C:\\pkgs\\p.exe"},
+                            PathCase{"C:\\pkgs\\", "p.exe", "C:\\pkgs\\\\p.exe"},
+                            PathCase{"C:/pkgs", "sub/p.exe", "C:\\pkgs\\sub\\p.exe"}}) {
+    EXPECT_EQ(PathInFolder(c.folderOrPack, c.name), c.path);
+  }
+}
+
+#else
+
+TEST(PackagePaths, MemberPath) {
+  for (const PathCase& c :
+       {PathCase{"/pkgs/P.xml", "m1.xml", "/pkgs/m1.xml"},
+        PathCase{"/pkgs/P.xml", "sub/m3.xml", "/pkgs/sub/m3.xml"},
+        PathCase{"/pkgs/P.xml", "", "/pkgs/"},
+        PathCase{"/pkgs/P.xml", "../m.xml", "/pkgs/../m.xml"},
+        PathCase{"/pkgs/P.xml", "a\\b.xml", "/pkgs/a\\b.xml"}, PathCase{"P.xml", "m.xml", "/m.xml"},
+        PathCase{"/P.xml", "m.xml", "//m.xml"}}) {
+    EXPECT_EQ(MemberPath(c.folderOrPack, c.name), c.path);
+  }
+}
+
+TEST(PackagePaths, PathInFolder) {
+  for (const PathCase& c :
+       {PathCase{"/pkgs", "p.exe", "/pkgs/p.exe"}, PathCase{"/pkgs/", "p.exe", "/pkgs//p.exe"},
+        PathCase{"/pkgs", "sub/p.exe", "/pkgs/sub/p.exe"}, PathCase{".", "p", "./p"}}) {
+    EXPECT_EQ(PathInFolder(c.folderOrPack, c.name), c.path);
+  }
+}
+
+#endif
+
+TEST(PackagePaths, OwnInstanceNamesNoFileOrThePackItself) {
+  EXPECT_TRUE(IsPacksOwnInstance("dir/P.xml", ""));
+  EXPECT_TRUE(IsPacksOwnInstance("dir/P.xml", "P.xml"));
+  for (const char* other : {"p.xml", "P.XML", "dir/P.xml", "P.xml ", "./P.xml", "P"}) {
+    EXPECT_FALSE(IsPacksOwnInstance("dir/P.xml", other)) << other;
+  }
+}
+
+TEST(PackagePaths, FileStem) {
+  for (const auto& [path, stem] :
+       {std::pair{"dir/pack_a.xml", "pack_a"}, std::pair{"dir/p.1.xml", "p.1"},
+        std::pair{"dir/.xml", ""}, std::pair{"dir/p", "p"}, std::pair{"", ""}}) {
+    EXPECT_EQ(FileStem(path), stem) << path;
+  }
+}
+
+TEST(PackagePaths, MayNameDescriptor) {
+  for (const char* path : {"a.xml", ".xml", "a.xml.bak", "dir.xml/a"}) {
+    EXPECT_TRUE(MayNameDescriptor(path)) << path;
+  }
+  for (const char* path : {"", "a.XML", "xml", "a.xm"})
+    EXPECT_FALSE(MayNameDescriptor(path)) << path;
+}
+
+}  // namespace
+}  // namespace Vornik

@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Installs what building and testing needs from Debian's packages, as root or through sudo.
+# What is there already costs nothing; everything that is printed goes to standard error.
+#
+#   scripts/setup.sh          what it takes to build
+#   scripts/setup.sh test     and to run all tests and checks
+set -euo pipefail
+
+packages=(g++ cmake ninja-build libboost-filesystem-dev libtinyxml-dev libspdlog-dev libfmt-dev
+          libcli11-dev nlohmann-json3-dev)
+if [ "${1:-build}" = test ]; then
+  packages+=(libgtest-dev libgmock-dev libboost-dev libbenchmark-dev gcovr clang-format clang-tidy
+             locales git)
+fi
+
+missing=()
+for package in "${packages[@]}"; do
+  state=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
+  [ "$state" = installed ] || missing+=("$package")
+done
+[ "${#missing[@]}" -gt 0 ] || exit 0
+
+if [ "$(id -u)" -eq 0 ]; then as_root=(); else as_root=(sudo); fi
+{
+  echo "setup: installing ${missing[*]}"
+  "${as_root[@]}" apt-get update -q
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -q -y --no-install-recommends "${missing[@]}"
+} >&2

@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Installs what is needed, builds, and runs every test and check; the last lines say what passed.
+#
+#   release   the tests as the library ships, with the installed package and the example hosts
+#   asan      the same under AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer
+#   coverage  the same once more for the line coverage of src/module
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+step() { printf '\n== %s\n' "$*"; }
+
+scripts/setup.sh test
+
+step "formatting"
+git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run --Werror
+
+for preset in release asan coverage; do
+  step "$preset: build"
+  cmake --preset "$preset"
+  cmake --build --preset "$preset"
+  step "$preset: tests"
+  [ "$preset" != coverage ] || find build/coverage -name '*.gcda' -delete
+  ctest --preset "$preset" --schedule-random --output-junit "$PWD/build/$preset/tests.xml" --quiet ||
+    ctest --preset "$preset" --rerun-failed
+done
+
+step "line coverage of src/module"
+gcovr --root . --filter src/module/ --exclude-throw-branches --print-summary build/coverage
+
+step "static analysis"
+scripts/tidy.sh
+
+step "result"
+scripts/summary.sh build/*/tests.xml

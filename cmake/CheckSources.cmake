@@ -11,7 +11,7 @@ cmake_minimum_required(VERSION 3.21)
 set(library "${root}/src/module/querypackage")
 file(GLOB sources RELATIVE "${library}" "${library}/*.cpp" "${library}/*.h")
 
-set(mayLog querypackageimp.cpp)
+set(mayLog querypackageimp.cpp log_statement.h)
 set(mayKnowTinyXml cimxml.cpp)
 set(mayKnowFiles querypackageimp.cpp query_parameters.cpp package_paths.cpp descriptor_files.cpp)
 

@@ -2,7 +2,8 @@
 # prints. Used by the tests for the projects that stand outside this one.
 #
 #   cmake -D source=... -D build=... -D options=... -D "program=..." -D "arguments=..."
-#         -D "expected=<regular expression>" -D generator=... -P RunProject.cmake
+#         -D "expected=<regular expression>" [-D "arguments2=..." -D "expected2=..."]
+#         -D generator=... [-D "installFrom=<build folder>"] -P RunProject.cmake
 file(REMOVE_RECURSE "${build}")
 
 function(run)
@@ -19,8 +20,15 @@ if(installFrom)
 endif()
 run("${CMAKE_COMMAND}" -G "${generator}" -S "${source}" -B "${build}/out" ${options})
 run("${CMAKE_COMMAND}" --build "${build}/out")
-run("${build}/out/${program}" ${arguments})
-message("${out}")
-if(NOT out MATCHES "${expected}")
-  message(FATAL_ERROR "the program did not print what matches: ${expected}")
+
+function(check arguments expected)
+  run("${build}/out/${program}" ${arguments})
+  message("${out}")
+  if(NOT out MATCHES "${expected}")
+    message(FATAL_ERROR "${program} ${arguments}: printed nothing that matches: ${expected}")
+  endif()
+endfunction()
+check("${arguments}" "${expected}")
+if(arguments2)
+  check("${arguments2}" "${expected2}")
 endif()

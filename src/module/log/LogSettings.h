@@ -44,8 +44,10 @@ VORNIK_LOG_API void LogToStandardError();
 // holds.
 struct LogFile {
   std::string path;  // in the process's narrow encoding
-  std::size_t maxBytes =
-      10 * 1024 * 1024;      // of one file, at least 1; a longer record has one alone
+
+  // Size limit of one file, not 0. A record that exceeds it gets a file of its own.
+  std::size_t maxBytes = std::size_t{10} << 20;
+
   std::size_t maxFiles = 3;  // files kept, the current one included; 1 to 1000
 };
 

@@ -38,7 +38,9 @@ bool EndsInsideLine(const std::string& path) {
 void Prepare(const std::string& path, std::FILE* stream) {
   // Unbuffered: a line reaches the system in one write, and one that fails leaves nothing behind to
   // be written later into the middle of another.
-  std::setvbuf(stream, nullptr, _IONBF, 0);
+  if (std::setvbuf(stream, nullptr, _IONBF, 0) != 0) {
+    throw std::runtime_error("the log file cannot be written unbuffered");
+  }
   // Where this fails, the next record fails too and is counted.
   if (EndsInsideLine(path)) static_cast<void>(std::fputs(FileSink::lineEnd, stream));
 }

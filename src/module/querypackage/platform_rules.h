@@ -26,7 +26,7 @@ enum class PlatformVerdict {
 };
 
 struct PlatformJudgement {
-  PlatformVerdict verdict;
+  PlatformVerdict verdict = PlatformVerdict::NotMatched;
   std::size_t entry = 0;  // Matched: the first entry that matches
 };
 

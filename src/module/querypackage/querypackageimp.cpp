@@ -1,7 +1,5 @@
 #include "querypackageimp.h"
 
-#include <Log.h>
-
 #include <algorithm>
 #include <boost/filesystem/directory.hpp>
 #include <boost/filesystem/exception.hpp>
@@ -19,6 +17,7 @@
 #include "duplicate_rules.h"
 #include "id_rules.h"
 #include "literals.h"
+#include "log_statement.h"
 #include "log_texts.h"
 #include "pack_choice.h"
 #include "pack_members.h"
@@ -31,16 +30,6 @@
 #include "sep_rules.h"
 #include "supersede_rules.h"
 #include "update_type_rules.h"
-
-// One message: nothing of it is evaluated below the host's threshold. It expands at the statement
-// that logs, so that the record names that line; the path is the same wherever this is built.
-#define QP_LOG(level, message)                                                               \
-  do {                                                                                       \
-    if (::Vornik::Log::GetMinLogLevel() >= (level)) {                                        \
-      ::Vornik::Log(level, "src/module/querypackage/querypackageimp.cpp", __LINE__).Stream() \
-          << message; /* NOLINT(bugprone-macro-parentheses) */                               \
-    }                                                                                        \
-  } while (false)
 
 // A failed parameter check goes to standard output as well, whatever the threshold is.
 #define QP_REPORT(message)                                         \

@@ -1,0 +1,76 @@
+// Locales that change while a query runs: every comparison follows the one in force when it is
+// made.
+#include <functional>
+
+#include "global_locale.h"
+#include "query_fixture.h"
+
+namespace Vornik::Testing {
+namespace {
+
+class ChangesTheLocale final : public IQueryPackageCallback {
+ public:
+  explicit ChangesTheLocale(std::function<void()> change) : change_(std::move(change)) {}
+  void PreQueryPackage() override { change_(); }
+  void PostQueryPackage() override {}
+
+ private:
+  std::function<void()> change_;
+};
+
+class LocaleTest : public QueryTest {
+ protected:
+  LocaleTest() : guard_(std::locale::classic()) {}
+
+  static void FoldOnlyXToY() {
+    std::locale::global(std::locale(std::locale::classic(), new FoldsOnlyXToY));
+  }
+
+ private:
+  GlobalLocaleGuard guard_;
+};
+
+TEST_F(LocaleTest, IdListsFollowTheGlobalLocaleOfTheFilter) {
+  WriteIndividual("X.xml");
+  WriteIndividual("b.xml");
+  imp.includePackageIds = {"y", "B"};
+  ChangesTheLocale callback(FoldOnlyXToY);
+  imp.queryCallback = &callback;
+  ASSERT_EQ(Run(), QueryCode::Completed);
+  ASSERT_EQ(Codes(), (Lines{"X", "b"}));
+  EXPECT_EQ(results[0].includeIdFilterStatus, FilterStatus::Matched);
+  EXPECT_EQ(results[1].includeIdFilterStatus, FilterStatus::NotMatched);
+}
+
+TEST_F(LocaleTest, SupersedeListsFollowTheGlobalLocaleOfTheFilter) {
+  WriteIndividual("X.xml");
+  WriteIndividual("b.xml", Descriptor().Set("supersede", {"y"}));
+  ChangesTheLocale callback(FoldOnlyXToY);
+  imp.queryCallback = &callback;
+  ASSERT_EQ(Run(), QueryCode::Completed);
+  ASSERT_EQ(Codes(), (Lines{"X", "b"}));
+  EXPECT_EQ(results[0].supersededById, "b");
+}
+
+TEST_F(LocaleTest, PropertyNamesDoNotFollowTheGlobalLocale) {
+  FoldOnlyXToY();
+  folder.Write("a.xml", Descriptor("a").Set("DESCRIPTION", "text").Individual());
+  ASSERT_EQ(Run(), QueryCode::Completed);
+  EXPECT_EQ(results.at(0).description, "text");
+}
+
+TEST_F(LocaleTest, LogMayChangeTheLocaleBetweenTwoRecords) {
+  WriteIndividual("X.xml");
+  WriteIndividual("Y.xml");
+  imp.includePackageIds = {"x", "Y"};
+  RecordingLog::OnRecord([](const LogEntry& entry) {
+    if (entry.text == "X IncludeId Filter is matched!") FoldOnlyXToY();
+  });
+  ASSERT_EQ(Run(), QueryCode::Completed);
+  ASSERT_EQ(Codes(), (Lines{"X", "Y"}));
+  EXPECT_EQ(results[0].includeIdFilterStatus, FilterStatus::Matched);
+  EXPECT_EQ(results[1].includeIdFilterStatus, FilterStatus::Matched);
+}
+
+}  // namespace
+}  // namespace Vornik::Testing

@@ -1,0 +1,90 @@
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <exception>
+#include <functional>
+#include <iostream>
+#include <string>
+
+#include "QueryPackage.h"
+#include "exit_status.h"
+#include "query_command.h"
+
+namespace Vornik::Cli {
+
+namespace {
+
+constexpr const char* closingHelp = R"(Exit status:
+  0   The query ran: the verdicts are printed.
+  2   The query was refused: FOLDER is no folder, the machine type is not four digits, the
+      operating system or the architecture is 0, or an id is both included and excluded.
+  3   The folder could not be read to its end.
+  4   The folder gives no package for this machine.
+  64  The command line is wrong or incomplete, or the log file cannot be opened.
+  65  A descriptor that the query would reach would make it hang or end the process. --trust
+      skips this check.
+  70  An exception ended the query.
+  74  Standard output could not be written.
+Each status but 0 comes with a line on standard error that says what to do.
+
+A verdict is "pass", "fail" or "none": the filter is off, or the data it needs are missing.
+The table is coloured on a terminal, unless NO_COLOR is set to a text that is not empty.
+
+Example:
+  querypackage-cli query packages --machine-type 1234 --os 10 --arch 9 --update-type 1)";
+
+int Help(const CLI::App& app) {
+  std::cout << app.help("", CLI::AppFormatMode::All) << std::flush;
+  return std::cout.good() ? ExitStatus::success
+                          : Fail(ExitStatus::outputLost, "standard output could not be written");
+}
+
+void SetUp(CLI::App& app) {
+  app.allow_windows_style_options(false);
+  app.footer(closingHelp);
+  app.set_help_flag("-h,--help", "Print this help and end");
+  app.set_version_flag("--version", "querypackage " QUERYPACKAGE_VERSION_STRING,
+                       "Print the library's version and end");
+  app.require_subcommand(1);
+}
+
+int Run(int argc, char** argv) {
+  CLI::App app("Which update packages of a folder apply to a machine.", "querypackage-cli");
+  SetUp(app);
+  std::function<int()> chosen;
+  AddQueryCommand(app, chosen);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    return Help(app);
+  } catch (const CLI::CallForVersion& version) {
+    std::cout << version.what() << std::endl;
+    return ExitStatus::success;
+  } catch (const CLI::ParseError& error) {
+    return Fail(ExitStatus::usage, std::string(error.what()) + "; see \"querypackage-cli --help\"");
+  }
+  return chosen();
+}
+
+int RunOrExplain(int argc, char** argv) {
+  try {
+    return Run(argc, argv);
+  } catch (const std::exception& error) {
+    return Fail(ExitStatus::exception, "the program ended with an exception, " + Describe(error));
+  } catch (...) {
+    return Fail(ExitStatus::exception, "the program ended with an exception of an unknown type");
+  }
+}
+
+}  // namespace
+
+}  // namespace Vornik::Cli
+
+int main(int argc, char** argv) {
+  using namespace Vornik::Cli;
+  try {
+    return RunOrExplain(argc, argv);
+  } catch (...) {
+    return ExitStatus::exception;
+  }
+}

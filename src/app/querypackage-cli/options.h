@@ -1,0 +1,55 @@
+// The options that the subcommands share, each group added to a subcommand by one call. What they
+// are bound to has to live until the command line is parsed.
+#ifndef VORNIK_CLI_OPTIONS_H
+#define VORNIK_CLI_OPTIONS_H
+
+#include <string>
+#include <vector>
+
+#include "QueryPackage.h"
+
+namespace CLI {
+class App;
+}
+
+namespace Vornik::Cli {
+
+// What a query is asked, as QueryPackage's setters take it.
+struct QuerySettings {
+  std::string folder;
+  std::string machineType;
+  OsValue osValue = OsValue::NotSet;
+  ArcValue arcValue = ArcValue::NotSet;
+  std::vector<UpdateType> updateTypes;
+  std::vector<std::string> includePackageIds;
+  std::vector<std::string> excludePackageIds;
+  bool kovuFilter = true;
+  bool sepFilter = true;
+  bool payloadExistFilter = true;
+  bool supersedeFilter = true;
+};
+
+enum class Format { Table, Json };
+
+struct LogOptions {
+  unsigned int level = 1;
+  std::string file;
+  bool toFile = false;  // otherwise to standard error
+};
+
+void AddFolder(CLI::App& command, std::string& folder);
+
+// The folder included.
+void AddQuerySettings(CLI::App& command, QuerySettings& settings);
+
+void AddFormat(CLI::App& command, Format& format);
+void AddLogOptions(CLI::App& command, LogOptions& log);
+
+// Directs the library's log records. False if the file cannot be opened: reason then says why.
+bool ApplyLogOptions(const LogOptions& log, std::string& reason);
+
+void ApplySettings(const QuerySettings& settings, QueryPackage& query);
+
+}  // namespace Vornik::Cli
+
+#endif  // VORNIK_CLI_OPTIONS_H

@@ -1,0 +1,60 @@
+#include "cli_fixture.h"
+
+#include <boost/filesystem/path.hpp>
+#include <stdexcept>
+
+namespace Vornik::Testing {
+
+Arguments CliTest::QueryArguments(const Arguments& more) {
+  Arguments arguments{"query", folder.Path(), "--machine-type", "1234",
+                      "--os",  "10",          "--arch",         "9"};
+  arguments.insert(arguments.end(), more.begin(), more.end());
+  return arguments;
+}
+
+Outcome CliTest::Query(const Arguments& more, const Variables& variables) {
+  return RunCli(QueryArguments(more), variables);
+}
+
+Json CliTest::QueryJson(const Arguments& more, int code) {
+  Arguments arguments{"--format", "json"};
+  arguments.insert(arguments.end(), more.begin(), more.end());
+  const Outcome outcome = Query(arguments);
+  EXPECT_EQ(outcome.status, code) << outcome.err;
+  Json document = Json::parse(outcome.out, nullptr, false);
+  if (document.is_discarded()) throw std::runtime_error("no JSON document: " + outcome.out);
+  EXPECT_EQ(document["returnCode"], code);
+  return document;
+}
+
+void CliTest::WritePackage(const std::string& code) {
+  folder.Write(code + ".xml", Package(code).Set("xmlFilename", code + ".xml").Individual());
+  folder.Write("payload.exe", "x");
+}
+
+std::string CliTest::PathOf(const std::string& name) const {
+  constexpr char separator = static_cast<char>(boost::filesystem::path::preferred_separator);
+  return folder.Path() + separator + name;
+}
+
+Descriptor Package(const std::string& code) {
+  return Descriptor(code).For("1234", "10", "9").Set("payload", "payload.exe").Set("type", "1");
+}
+
+Descriptor PackItself(const std::string& fileName, const std::string& version) {
+  return Descriptor("pack")
+      .Set("xmlFilename", fileName)
+      .Set("Version", version)
+      .Set("applicableMachineTypes", {"1234"})
+      .Set("applicableOperatingSystems", {"0"});
+}
+
+std::vector<std::string> CodesOf(const Json& document) {
+  std::vector<std::string> codes;
+  for (const Json& record : document.at("records")) {
+    codes.push_back(record.at("identificationCode").get<std::string>());
+  }
+  return codes;
+}
+
+}  // namespace Vornik::Testing

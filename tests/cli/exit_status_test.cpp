@@ -1,0 +1,168 @@
+// How the program ends, and what it says where.
+#include "cli_fixture.h"
+
+#ifndef _WIN32
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+namespace Vornik::Testing {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class ExitStatusTest : public CliTest {
+ protected:
+  // Each parameter that the check refuses, with what the library and the program say.
+  struct Refusal {
+    Arguments arguments;
+    std::string echo;
+    const char* advice;
+  };
+
+  std::vector<Refusal> Refusals() {
+    const std::string file = folder.Write("file", "");
+    const auto query = [](const std::string& path, const char* machineType, const char* os,
+                          const char* arch) {
+      return Arguments{"query", path, "--machine-type", machineType, "--os", os, "--arch", arch};
+    };
+    Arguments bothLists = QueryArguments({"--include", "x", "--exclude", "x"});
+    return {
+        {query("", "1234", "10", "9"), "xml package folder is not set", "FOLDER"},
+        {query(file, "1234", "10", "9"), "xml package folder: " + file + " is not valid folder",
+         "FOLDER"},
+        {query(folder.Path(), "", "10", "9"), "MachineType is not set", "--machine-type"},
+        {query(folder.Path(), "12a4", "10", "9"), "MachineType is invalid", "--machine-type"},
+        {query(folder.Path(), "1234", "0", "9"), "OS is not set", "--os"},
+        {query(folder.Path(), "1234", "10", "0"), "Arc is not set", "--arch"},
+        {bothLists, "x is in both IncludePackageIDs and ExcludePackageIDs", "--include"},
+    };
+  }
+};
+
+TEST_F(ExitStatusTest, RefusedParametersEndWith2AndTheEchoOnALineOfStandardOutput) {
+  for (const Refusal& refusal : Refusals()) {
+    const Outcome outcome = RunCli(refusal.arguments);
+    SCOPED_TRACE(refusal.echo);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, refusal.echo + "\n");
+    const auto lines = LinesOf(outcome.err);
+    ASSERT_EQ(lines.size(), 2U) << outcome.err;
+    EXPECT_THAT(lines[0], EndsWith(": " + refusal.echo)) << "the log record";
+    EXPECT_THAT(lines[1], StartsWith("querypackage-cli: the query was refused: give "));
+    EXPECT_THAT(lines[1], HasSubstr(refusal.advice));
+  }
+}
+
+TEST_F(ExitStatusTest, UnderJsonTheEchoGoesToStandardError) {
+  for (Refusal& refusal : Refusals()) {
+    refusal.arguments.insert(refusal.arguments.end(), {"--format", "json", "--log-level", "0"});
+    const Outcome outcome = RunCli(refusal.arguments);
+    SCOPED_TRACE(refusal.echo);
+    EXPECT_EQ(outcome.status, 2);
+    const Json document = Json::parse(outcome.out, nullptr, false);
+    ASSERT_FALSE(document.is_discarded()) << outcome.out;
+    EXPECT_EQ(document["returnCode"], 2);
+    EXPECT_EQ(document["records"], Json::array());
+    const auto lines = LinesOf(outcome.err);
+    ASSERT_EQ(lines.size(), 2U) << outcome.err;
+    EXPECT_EQ(lines[0], refusal.echo);
+  }
+}
+
+TEST_F(ExitStatusTest, FolderWithoutPackagesEndsWith4) {
+  const Outcome outcome = Query({"--log-level", "0"});
+  EXPECT_EQ(outcome.status, 4);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(LinesOf(outcome.err).size(), 1U);
+  EXPECT_THAT(outcome.err, StartsWith("querypackage-cli: the folder gives no package"));
+  EXPECT_EQ(QueryJson({}, 4)["records"], Json::array());
+}
+
+TEST_F(ExitStatusTest, PackForAnotherMachineAloneEndsWith4) {
+  folder.Write("p.xml", Pack({PackItself("p.xml").Set("applicableMachineTypes", {"5678"}),
+                              Package("a").Set("xmlFilename", "a.xml")}));
+  EXPECT_EQ(QueryJson({}, 4)["records"], Json::array());
+}
+
+TEST_F(ExitStatusTest, LogFileThatCannotBeOpenedEndsWith64) {
+  WritePackage("a");
+  for (const std::string& file : {folder.Path(), std::string()}) {
+    const Outcome outcome = Query({"--log-file", file});
+    EXPECT_EQ(outcome.status, 64);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(LinesOf(outcome.err).size(), 1U);
+    EXPECT_THAT(outcome.err, HasSubstr("the log file \"" + file + "\" cannot be opened"));
+    EXPECT_THAT(outcome.err, EndsWith("give another --log-file\n"));
+  }
+}
+
+#ifndef _WIN32
+TEST_F(ExitStatusTest, ExceptionEndsWith70AndIsNamed) {
+  const std::string tooLong = "/" + std::string(5000, 'x');
+  for (const char* format : {"table", "json"}) {
+    const Outcome outcome = RunCli({"query", tooLong, "--machine-type", "1234", "--os", "10",
+                                    "--arch", "9", "--format", format});
+    EXPECT_EQ(outcome.status, 70);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(LinesOf(outcome.err).size(), 1U);
+    EXPECT_THAT(outcome.err, StartsWith("querypackage-cli: the query ended with an exception, "
+                                        "boost::filesystem::filesystem_error: "));
+    EXPECT_THAT(outcome.err, HasSubstr("File name too long"));
+  }
+}
+#endif
+
+#ifdef __linux__
+// A process that has ended but is not waited for: its network folder is there, and cannot be
+// listed.
+class EndedProcess {
+ public:
+  EndedProcess() : id_(fork()) {
+    if (id_ == 0) _exit(0);
+    siginfo_t info;
+    waitid(P_PID, static_cast<id_t>(id_), &info, WEXITED | WNOWAIT);
+  }
+  ~EndedProcess() { waitpid(id_, nullptr, 0); }
+  EndedProcess(const EndedProcess&) = delete;
+  EndedProcess& operator=(const EndedProcess&) = delete;
+
+  std::string NetworkFolder() const { return "/proc/" + std::to_string(id_) + "/net"; }
+
+ private:
+  pid_t id_;
+};
+
+TEST_F(ExitStatusTest, FolderThatCannotBeListedEndsWith3) {
+  const EndedProcess process;
+  const Arguments arguments{
+      "query", process.NetworkFolder(), "--machine-type", "1234", "--os", "10", "--arch", "9"};
+  const Outcome outcome = RunCli(arguments);
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.out, "");
+  const auto lines = LinesOf(outcome.err);
+  ASSERT_EQ(lines.size(), 2U) << outcome.err;
+  EXPECT_THAT(lines[0], HasSubstr("boost::filesystem::directory_iterator"));
+  EXPECT_THAT(lines[1], StartsWith("querypackage-cli: the folder could not be read"));
+
+  Arguments withJson = arguments;
+  withJson.insert(withJson.end(), {"--format", "json"});
+  const Json document = Json::parse(RunCli(withJson).out);
+  EXPECT_EQ(document["returnCode"], 3);
+  EXPECT_EQ(document["records"], Json::array());
+}
+
+TEST_F(ExitStatusTest, OutputThatIsLostEndsWith74) {
+  WritePackage("a");
+  Arguments arguments{"-c", "exec \"$0\" \"$@\" > /dev/full", QUERYPACKAGE_CLI};
+  for (const std::string& argument : QueryArguments()) arguments.push_back(argument);
+  const Outcome outcome = RunProgram("/bin/sh", arguments);
+  EXPECT_EQ(outcome.status, 74);
+  EXPECT_THAT(outcome.err, StartsWith("querypackage-cli: standard output"));
+}
+#endif
+
+}  // namespace
+}  // namespace Vornik::Testing

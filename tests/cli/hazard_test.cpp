@@ -37,14 +37,15 @@ std::string PackWithMisfit() {
          "</CIM>\n";
 }
 
-// Line of the n-th "<INSTANCE" in a text, both counted from 1.
-std::string LineOfInstance(const std::string& text, int n) {
+// Line of the n-th place where a word stands in a text, both counted from 1.
+std::string LineOf(const std::string& text, const std::string& word, int n) {
   std::size_t at = 0;
-  for (std::size_t from = 0; n > 0; --n, from = at + 1) at = text.find("<INSTANCE", from);
+  for (std::size_t from = 0; n > 0; --n, from = at + 1) at = text.find(word, from);
   const auto end = text.begin() + static_cast<std::ptrdiff_t>(at);
   return std::to_string(std::count(text.begin(), end, '\n') + 1);
 }
 
+const std::string classifications = "\"driverFilesClassification\"";
 const std::vector<std::string> misfitTexts{"CLASSNAME", "put CLASSNAME first", "--trust"};
 
 TEST_F(HazardTest, InstanceThatDoesNotBeginWithClassnameIsRefusedWithItsLine) {
@@ -58,7 +59,7 @@ TEST_F(HazardTest, PackForAnotherMachineIsLoadedTooAndRefused) {
   std::string pack = Pack({PackItself("p.xml").Set("applicableMachineTypes", {"5678"})});
   pack.insert(pack.find("</CIM>"), "<INSTANCE ID='1'/>");
   folder.Write("p.xml", pack);
-  ExpectRefused(PathOf("p.xml") + ":" + LineOfInstance(pack, 2), misfitTexts);
+  ExpectRefused(PathOf("p.xml") + ":" + LineOf(pack, "<INSTANCE", 2), misfitTexts);
 }
 
 TEST_F(HazardTest, FirstOfTwoMisfitsInOneFileIsNamed) {
@@ -88,17 +89,25 @@ TEST_F(HazardTest, IndividualWithTooFewClassificationsIsRefused) {
   WritePackage("a");
   const std::string text = Unclassified("orx_b").Individual();
   folder.Write("b.xml", text);
-  ExpectRefused(PathOf("b.xml") + ":" + LineOfInstance(text, 1),
+  ExpectRefused(PathOf("b.xml") + ":" + LineOf(text, classifications, 1),
                 {"\"orx_b\"", "3 \"driverFiles\"", "2 \"driverFilesClassification\"", "--trust"});
 }
 
-TEST_F(HazardTest, LineIsLeftOutWherePropertiesStandOutsideInstances) {
+TEST_F(HazardTest, LineIsFoundWherePropertiesStandOutsideInstances) {
   std::string text = Unclassified("orx_b").Individual();
   const std::string start = "<INSTANCE CLASSNAME=\"Package\">";
   text.replace(text.find(start), start.size(), "<PLAIN>");
   text.replace(text.find("</INSTANCE>"), 11, "</PLAIN>");
   folder.Write("b.xml", text);
-  ExpectRefused(PathOf("b.xml"), {"\"orx_b\""});
+  ExpectRefused(PathOf("b.xml") + ":" + LineOf(text, classifications, 1), {"\"orx_b\""});
+}
+
+TEST_F(HazardTest, LineIsThatOfTheLastClassifications) {
+  const std::string text =
+      Unclassified("orx_b").Set("DriverFilesClassification", {"one"}).Individual();
+  folder.Write("b.xml", text);
+  ExpectRefused(PathOf("b.xml") + ":" + LineOf(text, "\"DriverFilesClassification\"", 1),
+                {"\"orx_b\"", "1 \"driverFilesClassification\""});
 }
 
 TEST_F(HazardTest, MemberOfTheChosenPackWithTooFewClassificationsIsRefused) {
@@ -107,7 +116,7 @@ TEST_F(HazardTest, MemberOfTheChosenPackWithTooFewClassificationsIsRefused) {
                                  Unclassified("orx_c").Set("xmlFilename", "c.xml"),
                                  Unclassified("orx_d").Set("xmlFilename", "d.xml")});
   folder.Write("p.xml", pack);
-  ExpectRefused(PathOf("p.xml") + ":" + LineOfInstance(pack, 4), {"\"orx_c\"", "3", "2"});
+  ExpectRefused(PathOf("p.xml") + ":" + LineOf(pack, classifications, 1), {"\"orx_c\"", "3", "2"});
 }
 
 TEST_F(HazardTest, MembersOfThePackComeBeforeIndividuals) {
@@ -115,7 +124,7 @@ TEST_F(HazardTest, MembersOfThePackComeBeforeIndividuals) {
   const std::string pack =
       Pack({PackItself("z.xml"), Unclassified("orx_z").Set("xmlFilename", "y.xml")});
   folder.Write("z.xml", pack);
-  ExpectRefused(PathOf("z.xml") + ":" + LineOfInstance(pack, 2), {"\"orx_z\""});
+  ExpectRefused(PathOf("z.xml") + ":" + LineOf(pack, classifications, 1), {"\"orx_z\""});
 }
 
 TEST_F(HazardTest, MisfitsComeBeforeMissingClassifications) {

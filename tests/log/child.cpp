@@ -31,7 +31,7 @@ struct LogsWhenDestroyed {
   LogsWhenDestroyed(const LogsWhenDestroyed&) = delete;
   LogsWhenDestroyed& operator=(const LogsWhenDestroyed&) = delete;
 };
-const LogsWhenDestroyed logsWhenDestroyed;
+const LogsWhenDestroyed logsWhenDestroyed{};
 
 // "stderr", "function" (which writes the text to standard error) or the path of a file.
 bool Select(const std::string& destination) {
@@ -42,7 +42,7 @@ bool Select(const std::string& destination) {
   if (destination == "function") {
     LogToFunction([](const LogRecord& record) {
       const std::string line = "function: " + std::string(record.text) + "\n";
-      std::fputs(line.c_str(), stderr);
+      static_cast<void>(std::fputs(line.c_str(), stderr));
     });
     return true;
   }
@@ -96,7 +96,7 @@ void LimitFileSize(rlim_t bytes) {
 
 // The disk fills up in the middle of a line and has room again later.
 int LogOverAFullDisk(const std::string& path) {
-  std::signal(SIGXFSZ, SIG_IGN);
+  if (std::signal(SIGXFSZ, SIG_IGN) == SIG_ERR) return 1;
   LimitFileSize(1000);
   if (!LogToFile({path, 100000, 1})) return 1;
   for (int number = 0; number < 30; ++number) Emit(1, "before " + std::to_string(number));

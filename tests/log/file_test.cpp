@@ -27,7 +27,7 @@ class LogFileTest : public testing::Test {
 
  private:
   const TemporaryFolder folder_;
-  const RestoredSettings restored_;
+  const RestoredSettings restored_{};
 };
 
 // --- opening ---
@@ -37,9 +37,9 @@ TEST_F(LogFileTest, IsRefusedWithAReasonAndTheDestinationStays) {
   std::ofstream(plainFile) << "x";
   const std::string path = Path().string();
   const struct {
-    const char* what;
+    const char* what = nullptr;
     LogFile file;
-    const char* reason;
+    const char* reason = nullptr;
   } cases[] = {
       {"no name", {"", 1, 1}, "no name"},
       {"NUL in the name", {path + std::string(1, '\0') + "x", 1, 1}, "NUL"},

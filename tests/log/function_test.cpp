@@ -13,7 +13,7 @@ namespace {
 
 class LogFunctionTest : public testing::Test {
  private:
-  const RestoredSettings restored_;
+  const RestoredSettings restored_{};
 };
 
 TEST_F(LogFunctionTest, ThatThrowsLosesTheRecordAndNothingElse) {
@@ -140,6 +140,7 @@ TEST_F(LogFunctionTest, IsCalledByOneThreadAtATime) {
     --inside;
   });
   std::vector<std::thread> threads;
+  threads.reserve(8);
   for (int thread = 0; thread < 8; ++thread) {
     threads.emplace_back([] {
       for (int number = 0; number < 500; ++number) Emit(1, "a");
@@ -161,6 +162,7 @@ TEST_F(LogFunctionTest, ReplacedWhileOthersEmitLosesNoRecord) {
 
   std::atomic<int> running{emitters};
   std::vector<std::thread> threads;
+  threads.reserve(emitters);
   for (int thread = 0; thread < emitters; ++thread) {
     threads.emplace_back([&running] {
       for (int number = 0; number < records; ++number) Emit(1, std::to_string(number));

@@ -89,7 +89,7 @@ class LogSink : public testing::TestWithParam<SinkCase> {
   }
 
  private:
-  const RestoredSettings restored_;
+  const RestoredSettings restored_{};
   std::uint64_t lostBefore_ = 0;
   std::unique_ptr<Sink> sink_;
 };
@@ -200,6 +200,7 @@ constexpr int recordsOfAThread = 1000;
 
 void EmitFromManyThreads() {
   std::vector<std::thread> threads;
+  threads.reserve(threadCount);
   for (int thread = 0; thread < threadCount; ++thread) {
     threads.emplace_back([thread] {
       for (int number = 0; number < recordsOfAThread; ++number) {

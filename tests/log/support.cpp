@@ -124,6 +124,7 @@ std::vector<Received> ParseLines(const std::string& text) {
 
 std::vector<std::string> Texts(const std::vector<Received>& received) {
   std::vector<std::string> texts;
+  texts.reserve(received.size());
   for (const Received& one : received) texts.push_back(one.text);
   return texts;
 }

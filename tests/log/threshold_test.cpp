@@ -19,7 +19,7 @@ static_assert(std::is_same_v<decltype(Log::GetMinLogLevel()), unsigned int>);
 TEST(LogThreshold, IsErrorsOnlyAtFirst) { EXPECT_EQ(Log::GetMinLogLevel(), 1u); }
 
 TEST(LogThreshold, IsWhatWasSetLast) {
-  const RestoredSettings restored;
+  const RestoredSettings restored{};
   for (const unsigned int level : {0u, 1u, 2u, 3u, 4u, std::numeric_limits<unsigned int>::max()}) {
     SetMinLogLevel(level);
     EXPECT_EQ(Log::GetMinLogLevel(), level);

@@ -1,6 +1,7 @@
 #include "plain_properties.h"
 
 #include <cctype>
+#include <cstdlib>
 
 namespace Vornik::Testing {
 
@@ -33,6 +34,10 @@ std::vector<std::string> PlainValues(const std::string& name, const SupXmlProper
     if (LowerCase(property.name) == wanted) values = property.values;
   }
   return values;
+}
+
+int PlainNumber(const std::string& text) {
+  return std::atoi(text.c_str());  // NOLINT(cert-err34-c): no number is 0 here, not an error
 }
 
 }  // namespace Vornik::Testing

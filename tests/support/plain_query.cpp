@@ -1,6 +1,5 @@
 #include "plain_query.h"
 
-#include <cstdlib>
 #include <locale>
 
 #include "plain_properties.h"
@@ -187,7 +186,7 @@ class Query {
   }
 
   static bool FitsNumber(const std::string& text, std::uint32_t target) {
-    const int number = std::atoi(text.c_str());
+    const int number = PlainNumber(text);
     return number == 0 || target == 0 || static_cast<std::uint32_t>(number) == target;
   }
 
@@ -264,8 +263,7 @@ class Query {
         log_.Error("ERROR: Couldn't find update type!");
         continue;
       }
-      Judge(record, record.updateTypeFilterStatus, "UpdateType",
-            IsRequested(std::atoi(type.c_str())));
+      Judge(record, record.updateTypeFilterStatus, "UpdateType", IsRequested(PlainNumber(type)));
     }
   }
 

@@ -1,6 +1,5 @@
 #include "plain_results.h"
 
-#include <cstdlib>
 #include <utility>
 
 #include "plain_properties.h"
@@ -40,7 +39,7 @@ bool FitsSystem(const QueryPackageImp& query, const SupXmlProperties& pack, Plai
     return false;
   }
   for (const std::string& value : values) {
-    const int number = std::atoi(value.c_str());
+    const int number = PlainNumber(value);
     if (number == 0 || static_cast<std::uint32_t>(number) == system) return true;
   }
   return false;

@@ -19,21 +19,26 @@ const Words& LineEnds() {
 const Words& Prologues() {
   static const Words words{
       ""sv,
-      ""sv,
       "\xEF\xBB\xBF"sv,
-      "\xEF\xBF\xBE"sv,
       "<?xml version=\"1.0\"?>"sv,
       "<?xml version='1.0' encoding='UTF-8'?>"sv,
       "<?XML version='1.0' encoding=\"utf8\" standalone='yes' ?>"sv,
       "<?xml encoding='ISO-8859-1'?>"sv,
-      "<?xml version=1.0 encoding=latin1 ?>"sv,
       "<?xml encoding='&#85;TF-8'?>"sv,
+      "<?xml-stylesheet href='a'?><?xml encoding='utf-8x'?>"sv,
+      "<!DOCTYPE CIM><!-- caf\xC3\xA9 -->"sv,
+  };
+  return words;
+}
+
+const Words& OddPrologues() {
+  static const Words words{
+      "\xEF\xBF\xBE"sv,
+      "<?xml version=1.0 encoding=latin1 ?>"sv,
       "<?xml encoding='&#x;x'?>"sv,
       "<?xml version?>"sv,
       "<?xml"sv,
       "<?xml version='1.0' \n"sv,
-      "<?xml-stylesheet href='a'?><?xml encoding='utf-8x'?>"sv,
-      "<!DOCTYPE CIM><!-- caf\xC3\xA9 -->"sv,
       "<?other?>"sv,
       "<![CDATA[x]]>"sv,
   };
@@ -43,34 +48,19 @@ const Words& Prologues() {
 // What a value, a name or an attribute's value is put together from.
 const Words& Pieces() {
   static const Words words{
-      "a"sv,
-      "Version"sv,
-      "1.2"sv,
-      "type"sv,
-      " "sv,
-      "  b"sv,
-      "&amp;"sv,
-      "&lt;"sv,
-      "&quot;"sv,
-      "&apos;"sv,
-      "&gt;"sv,
-      "&"sv,
-      "&#65;"sv,
-      "&#x42;"sv,
-      "&#0;"sv,
-      "&#;"sv,
-      "&#x110000;"sv,
-      "&#xD;"sv,
-      "&#233;"sv,
-      "\xC3\xA9"sv,
-      "\xE2\x82\xAC"sv,
-      "\xF0\x9F\x98\x80"sv,
-      "\xE9"sv,
-      "\xFF"sv,
-      "\xEF\xBB\xBF"sv,
-      "&unknown;"sv,
-      "]]"sv,
+      "a"sv,      "Version"sv,  "1.2"sv,          "type"sv,
+      " "sv,      "  b"sv,      "&amp;"sv,        "&lt;"sv,
+      "&quot;"sv, "&apos;"sv,   "&gt;"sv,         "&#65;"sv,
+      "&#x42;"sv, "\xC3\xA9"sv, "\xE2\x82\xAC"sv, "\xF0\x9F\x98\x80"sv,
       "--"sv,
+  };
+  return words;
+}
+
+const Words& OddPieces() {
+  static const Words words{
+      "&"sv,    "&#0;"sv, "&#;"sv,          "&#x110000;"sv, "&#x400000;"sv, "&#xD;"sv, "&#233;"sv,
+      "\xE9"sv, "\xFF"sv, "\xEF\xBB\xBF"sv, "&unknown;"sv,  "]]"sv,         "&#"sv,    "\xC3"sv,
   };
   return words;
 }
@@ -140,7 +130,7 @@ class DescriptorWriter {
   explicit DescriptorWriter(RandomPick& pick) : pick_(pick) {}
 
   std::string Write() {
-    text_ = Of(Prologues());
+    text_ = Of(pick_.OneIn(6) ? OddPrologues() : Prologues());
     Space();
     Element("CIM", "", [this] { Instances(3); });
     if (pick_.OneIn(4)) text_ += Of(Prologues());
@@ -155,6 +145,7 @@ class DescriptorWriter {
 
   void Phrase(std::size_t most) {
     for (const std::string_view piece : pick_.Some(Pieces(), most)) text_ += piece;
+    if (pick_.OneIn(20)) text_ += Of(OddPieces());
   }
 
   template <typename Content>
@@ -175,7 +166,7 @@ class DescriptorWriter {
     static const Words attributes{"CLASSNAME='U'"sv, "CLASSNAME=\"P\" NAME='x'"sv, "CLASSNAME=''"sv,
                                   ""sv, "CLASSNAME=U"sv};
     static const Words misfits{"NAME='x' CLASSNAME='U'"sv, "classname='U'"sv};
-    for (std::size_t left = pick_.Below(4); left != 0; --left) {
+    for (std::size_t left = pick_.Below(4) + 1; left != 0; --left) {
       if (depth == 0 || pick_.OneIn(3)) {
         Property();
       } else {
@@ -264,9 +255,9 @@ void Mutate(std::string& text, RandomPick& pick) {
 }
 
 std::string Soup(RandomPick& pick) {
-  std::string text(pick.Of(Prologues()));
+  std::string text(pick.Of(pick.OneIn(3) ? OddPrologues() : Prologues()));
   for (std::size_t left = pick.Below(24); left != 0; --left) {
-    text += pick.Of(pick.OneIn(4) ? Pieces() : Fragments());
+    text += pick.Of(pick.OneIn(4) ? OddPieces() : Fragments());
   }
   return text;
 }
@@ -274,9 +265,9 @@ std::string Soup(RandomPick& pick) {
 }  // namespace
 
 std::string RandomXml(RandomPick& pick) {
-  if (pick.OneIn(4)) return Soup(pick);
+  if (pick.OneIn(5)) return Soup(pick);
   std::string text = DescriptorWriter(pick).Write();
-  if (pick.OneIn(3)) return text;
+  if (pick.OneIn(2)) return text;
   for (std::size_t left = pick.Below(4) + 1; left != 0; --left) Mutate(text, pick);
   return text;
 }

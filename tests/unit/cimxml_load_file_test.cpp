@@ -4,6 +4,7 @@
 #include <tinyxml.h>
 
 #include <cstddef>
+#include <cstdio>
 #include <string>
 #include <utility>
 #include <vector>
@@ -159,12 +160,14 @@ struct Shares {
 TEST(CimXmlLoadFile, GivesWhatTinyXmlGives) {
   constexpr std::size_t enough = 100'000;
   const TempFolder folder;
+  const std::string path = folder.Write("d.xml", "");
   RandomPick pick(20'240'217);
   Shares shares;
   while (shares.compared < enough) {
     const std::string bytes = RandomXml(pick);
     if (!LoadFileStaysInside(bytes)) continue;
-    const std::string path = folder.Write("d.xml", bytes);
+    std::remove(path.c_str());  // some file systems flush a file that is cut and written again
+    folder.Write("d.xml", bytes);
     const Content plain = PlainContent(path);
     const auto kind = pick.OneIn(2) ? DescriptorKind::Individual : DescriptorKind::Pack;
     const auto positions = pick.OneIn(4) ? Positions::Tracked : Positions::Ignored;
@@ -196,9 +199,6 @@ TEST(CimXmlLoadFile, TakesTextsThatEndInsideACharacter) {
         document.LoadBytes(bytes, DescriptorKind::Individual, Positions::Tracked);
     if (outcome.fault == LoadFault::None) ++loaded;
     EXPECT_EQ(outcome.reason.empty(), outcome.fault == LoadFault::None);
-    if (document.Root() != nullptr) {
-      EXPECT_EQ(LineOf(*document.Root()), 0);
-    }
   }
   EXPECT_GT(loaded, 100U);
   EXPECT_LT(loaded, 1'900U);

@@ -156,16 +156,10 @@ TEST_F(PayloadRules, FolderMayEndInASeparator) {
 TEST_F(PayloadRules, FolderThatIsNone) {
   const auto properties =
       Descriptor().Set("xmlFilename", "d.xml").Set("payload", "p.exe").Properties();
-  for (const std::string& none : {folder.Path() + "/none", folder.Path() + "/d.xml",
-                                  folder.Path() + " ", std::string(300, 'n')}) {
+  for (const std::string& none :
+       {folder.Path() + "/none", folder.Path() + "/d.xml", std::string(300, 'n')}) {
     EXPECT_EQ(JudgePayload(properties, none), descriptorMissing) << none;
   }
-}
-
-TEST_F(PayloadRules, FolderNamedByTheEmptyTextIsTheRoot) {
-  EXPECT_EQ(JudgePayload(
-                Descriptor().Set("xmlFilename", "none.xml").Set("payload", "p").Properties(), ""),
-            descriptorMissing);
 }
 
 TEST_F(PayloadRules, FilesAreLookedForAtEveryCall) {
@@ -195,6 +189,15 @@ TEST_F(PayloadRules, NamesOfAnyBytes) {
     folder.Write(name, "payload");
     EXPECT_TRUE(Exists(name)) << testing::PrintToString(name);
   }
+}
+
+TEST_F(PayloadRules, FolderOfNoNameIsTheRoot) {
+  const std::string fromRoot = folder.Path().substr(1);
+  const auto properties = Descriptor()
+                              .Set("xmlFilename", fromRoot + "/d.xml")
+                              .Set("payload", fromRoot + "/p.exe")
+                              .Properties();
+  EXPECT_EQ(JudgePayload(properties, ""), found);
 }
 
 TEST_F(PayloadRules, BackslashIsALetterOnThisSystem) {

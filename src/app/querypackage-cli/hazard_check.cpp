@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <boost/filesystem/exception.hpp>
 #include <cstdint>
-#include <functional>
 #include <vector>
 
 #include "cimxml.h"
 #include "driver_files.h"
+#include "letter_case.h"
 #include "literals.h"
 #include "pack_choice.h"
 #include "query_parameters.h"
@@ -42,26 +42,47 @@ bool SameProperties(const SupXmlProperties& a, const SupXmlProperties& b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), SameProperty);
 }
 
-// Line of the first INSTANCE in the file whose properties are the ones looked for; of the one that
-// does not begin with CLASSNAME where the walk comes to it first. 0 if there is none.
-int LineOfInstance(const std::string& file, DescriptorKind kind,
-                   const std::function<bool(const SupXmlProperties&)>& isLookedFor) {
+// The classifications that count are those of the last property of that name.
+int LineOfClassifications(const TiXmlNode* top) {
+  SupXmlProperties properties;
+  ReadProperties(top, properties);
+  std::vector<const TiXmlNode*> elements;
+  CollectProperties(top, elements);
+  for (std::size_t i = properties.size(); i-- > 0;) {
+    if (EqualByCLibraryFold(properties[i].name, PropertyName::driverFilesClassification)) {
+      return LineOf(*elements[i]);
+    }
+  }
+  return 0;
+}
+
+int LineInIndividual(const std::string& file) {
   CimXmlDocument document;
-  document.LoadFile(file, kind, Positions::Tracked);
+  document.LoadFile(file, DescriptorKind::Individual, Positions::Tracked);
+  return LineOfClassifications(document.Root());
+}
+
+int LineInMember(const std::string& file, const SupXmlProperties& member) {
+  CimXmlDocument document;
+  document.LoadFile(file, DescriptorKind::Pack, Positions::Tracked);
   std::vector<const TiXmlNode*> instances;
-  const TiXmlNode* misfit = CollectInstances(document.Root(), instances);
+  CollectInstances(document.Root(), instances);
   for (const TiXmlNode* instance : instances) {
     SupXmlProperties properties;
     ReadProperties(instance, properties);
-    if (isLookedFor(properties)) return LineOf(*instance);
+    if (SameProperties(properties, member)) return LineOfClassifications(instance);
   }
-  return misfit == nullptr ? 0 : LineOf(*misfit);
+  return 0;
 }
 
 Hazard MisfitIn(const std::string& file) {
+  CimXmlDocument document;
+  document.LoadFile(file, DescriptorKind::Pack, Positions::Tracked);
+  std::vector<const TiXmlNode*> instances;
+  const TiXmlNode* misfit = CollectInstances(document.Root(), instances);
   Hazard hazard;
   hazard.file = file;
-  hazard.line = LineOfInstance(file, DescriptorKind::Pack, [](const auto&) { return false; });
+  hazard.line = misfit == nullptr ? 0 : LineOf(*misfit);
   return hazard;
 }
 
@@ -91,10 +112,7 @@ std::optional<Hazard> HazardOfMembers(const KovuPackEntry& pack) {
   for (std::size_t i = 1; i < pack.members.size(); ++i) {
     const SupXmlProperties& member = pack.members[i].properties;
     if (!LacksClassification(member)) continue;
-    const int line = LineOfInstance(
-        pack.kovuXmlFile, DescriptorKind::Pack,
-        [&member](const SupXmlProperties& instance) { return SameProperties(instance, member); });
-    return UnclassifiedIn(pack.kovuXmlFile, member, line);
+    return UnclassifiedIn(pack.kovuXmlFile, member, LineInMember(pack.kovuXmlFile, member));
   }
   return std::nullopt;
 }
@@ -104,8 +122,7 @@ std::optional<Hazard> HazardOfIndividuals(const std::vector<PackageXmlEntry>& in
       individuals.begin(), individuals.end(),
       [](const PackageXmlEntry& entry) { return LacksClassification(entry.properties); });
   if (found == individuals.end()) return std::nullopt;
-  const int line = LineOfInstance(found->xmlFile, DescriptorKind::Individual, LacksClassification);
-  return UnclassifiedIn(found->xmlFile, found->properties, line);
+  return UnclassifiedIn(found->xmlFile, found->properties, LineInIndividual(found->xmlFile));
 }
 
 std::string Place(const Hazard& hazard) {

@@ -19,7 +19,7 @@ enum class HazardKind {
 struct Hazard {
   HazardKind kind = HazardKind::InstanceMisfit;
   std::string file;  // path of the descriptor to change
-  int line = 0;      // of the INSTANCE, counted from 1; 0: not known
+  int line = 0;      // of the INSTANCE, or of the classifications, from 1; 0: not known
   std::string code;  // UnclassifiedDriver: the package's identification code, which may be empty
   std::size_t driverFiles = 0;
   std::size_t classifications = 0;

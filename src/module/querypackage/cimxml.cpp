@@ -251,6 +251,12 @@ void ReadProperties(const TiXmlNode* node, SupXmlProperties& properties) {
   }
 }
 
+void CollectProperties(const TiXmlNode* node, std::vector<const TiXmlNode*>& elements) {
+  for (const TiXmlNode* next = node; next != nullptr; next = NextBelow(next, node)) {
+    if (IsProperty(*next)) elements.push_back(next);
+  }
+}
+
 const TiXmlNode* CollectInstances(const TiXmlNode* node, std::vector<const TiXmlNode*>& instances) {
   for (const TiXmlNode* next = node; next != nullptr; next = NextBelow(next, node)) {
     const InstanceKind kind = KindOf(*next);

@@ -76,6 +76,9 @@ class CimXmlDocument {
 // Appends every PROPERTY and PROPERTY.ARRAY at or below node, in document order. Null: none.
 void ReadProperties(const TiXmlNode* node, SupXmlProperties& properties);
 
+// Appends the elements that ReadProperties makes its records of, in the same order.
+void CollectProperties(const TiXmlNode* node, std::vector<const TiXmlNode*>& elements);
+
 // Appends every INSTANCE at or below node whose first attribute is CLASSNAME, in document order.
 // Stops at, and returns, the first INSTANCE whose first attribute has another name; otherwise null.
 // One without attributes is passed over. Null node: none.

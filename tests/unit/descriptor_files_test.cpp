@@ -1,0 +1,114 @@
+#include "descriptor_files.h"
+
+#include <gtest/gtest.h>
+
+#include <boost/filesystem.hpp>
+#include <string>
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
+#include "temp_folder.h"
+
+namespace Vornik {
+namespace {
+
+using namespace std::string_literals;
+using Testing::TempFolder;
+
+TEST(DescriptorFiles, BytesOfARegularFileAreReadAsTheyAre) {
+  const TempFolder folder;
+  const std::string cases[] = {
+      "", "a", "a\r\nb\rc\n", "\x1A\0\xFF"s, std::string(64, 'x'), std::string(3'000'000, 'y'),
+  };
+  for (const std::string& bytes : cases) {
+    const std::string path = folder.Write("file", bytes);
+    EXPECT_TRUE(IsRegularFile(path));
+    EXPECT_EQ(ReadRegularFile(path), bytes) << bytes.size() << " bytes";
+  }
+}
+
+TEST(DescriptorFiles, NothingElseIsARegularFile) {
+  const TempFolder folder;
+  const std::string file = folder.Write("file", "a");
+  const std::string cases[] = {
+      "",
+      folder.Path(),
+      folder.Path() + "/.",
+      folder.Path() + "/missing",
+      file + "/below",
+      folder.Path() + "/" + std::string(5'000, 'n'),
+      std::string(100'000, '/') + "n",
+      folder.Path() + "/\xFF\xFE\x80",
+      folder.Path() + "/\n\x01*?<>|\"",
+      folder.Path() + "/\0file"s,
+  };
+  for (const std::string& path : cases) {
+    EXPECT_FALSE(IsRegularFile(path)) << testing::PrintToString(path.substr(0, 80));
+    EXPECT_EQ(ReadRegularFile(path), std::nullopt) << testing::PrintToString(path.substr(0, 80));
+  }
+}
+
+#ifndef _WIN32
+
+TEST(DescriptorFiles, LinksAreFollowed) {
+  const TempFolder folder;
+  const std::string file = folder.Write("file", "a");
+  const std::string link = folder.Path() + "/link";
+  boost::filesystem::create_symlink(file, link);
+  EXPECT_TRUE(IsRegularFile(link));
+  EXPECT_EQ(ReadRegularFile(link), "a");
+
+  const std::string cases[][2] = {{"to folder", folder.Path()},
+                                  {"to nothing", "missing"},
+                                  {"to itself", "to itself"},
+                                  {"there", "back"},
+                                  {"back", "there"}};
+  for (const auto& [name, target] : cases) {
+    boost::filesystem::create_symlink(target, folder.Path() + "/" + name);
+  }
+  for (const auto& [name, target] : cases) {
+    EXPECT_FALSE(IsRegularFile(folder.Path() + "/" + name)) << name;
+    EXPECT_EQ(ReadRegularFile(folder.Path() + "/" + name), std::nullopt) << name;
+  }
+}
+
+TEST(DescriptorFiles, APipeIsNotOpened) {
+  const TempFolder folder;
+  const std::string pipe = folder.Path() + "/pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_FALSE(IsRegularFile(pipe));
+  EXPECT_EQ(ReadRegularFile(pipe), std::nullopt);  // an open would wait for a writer
+  EXPECT_FALSE(IsRegularFile("/dev/null"));
+}
+
+TEST(DescriptorFiles, NamesAreBytes) {
+  const TempFolder folder;
+  const std::string path = folder.Write("\xFF\xFE \n.xml", "a");
+  EXPECT_TRUE(IsRegularFile(path));
+  EXPECT_EQ(ReadRegularFile(path), "a");
+}
+
+#endif
+
+#ifdef __linux__
+
+// The kernel's files have the size 0 and more bytes than that.
+TEST(DescriptorFiles, AFileIsReadToItsEndWhateverItsSizeWasBefore) {
+  ASSERT_EQ(boost::filesystem::file_size("/proc/self/smaps"), 0U);
+  const std::optional<std::string> bytes = ReadRegularFile("/proc/self/smaps");
+  ASSERT_TRUE(bytes.has_value());
+  EXPECT_GT(bytes->size(), 1'000U);
+  EXPECT_EQ(bytes->back(), '\n');
+  EXPECT_EQ(bytes->find('\0'), std::string::npos);
+}
+
+TEST(DescriptorFiles, AReadErrorGivesNothing) {
+  ASSERT_TRUE(IsRegularFile("/proc/self/mem"));  // no memory stands at the address 0
+  EXPECT_EQ(ReadRegularFile("/proc/self/mem"), std::nullopt);
+}
+
+#endif
+
+}  // namespace
+}  // namespace Vornik

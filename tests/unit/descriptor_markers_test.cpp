@@ -1,0 +1,190 @@
+#include "descriptor_markers.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "random_pick.h"
+
+namespace Vornik {
+
+static bool operator==(const DescriptorMarkers& a, const DescriptorMarkers& b) {
+  return a.pack == b.pack && a.individual == b.individual;
+}
+
+static void PrintTo(const DescriptorMarkers& markers, std::ostream* out) {
+  *out << (markers.pack ? "pack " : "") << (markers.individual ? "individual" : "");
+}
+
+namespace {
+
+using namespace std::string_literals;
+using namespace std::string_view_literals;
+using Testing::RandomPick;
+
+const std::string pack = "ORXQDL_SystemUpdateProduct";
+const std::string individual = "SystemUpdateElement";
+
+constexpr DescriptorMarkers neither{};
+constexpr DescriptorMarkers isPack{true, false};
+constexpr DescriptorMarkers isIndividual{false, true};
+constexpr DescriptorMarkers isBoth{true, true};
+
+std::string Fill(std::size_t length) { return std::string(length, '.'); }
+
+TEST(DescriptorMarkers, Cases) {
+  const std::size_t last = 1'023 - individual.size();
+  const std::pair<std::string, DescriptorMarkers> cases[] = {
+      {"", neither},
+      {"plain", neither},
+      {pack, isPack},
+      {individual, isIndividual},
+      {pack + individual, isBoth},
+      {"a\nb <" + individual + ">\n" + pack + "\n", isBoth},
+      {"ORXQDL_SystemUpdateProductX", isPack},
+      {"orxqdl_systemupdateproduct systemupdateelement", neither},
+      {"SystemUpdateProduct ORXQDL_SystemUpdate", neither},
+      {"SystemSystemUpdateElement", isIndividual},
+      // Line ends.
+      {"SystemUpdate\nElement", neither},
+      {"SystemUpdate\r\nElement", neither},
+      {"\r" + individual + "\r", isIndividual},
+      // Borders of pieces.
+      {Fill(last) + individual, isIndividual},
+      {Fill(last + 1) + individual, neither},
+      {Fill(1'022) + individual, neither},
+      {Fill(1'023) + individual, isIndividual},
+      {Fill(last) + individual + "\n" + Fill(last + 1) + pack, isIndividual},
+      {Fill(1'022) + "\n" + Fill(last) + individual, isIndividual},
+      {Fill(1'023) + "\n" + Fill(last) + individual, isIndividual},
+      {Fill(1'023) + "\n" + Fill(last + 1) + individual, neither},
+      {Fill(10) + "\n" + Fill(last) + individual, isIndividual},
+      {Fill(10) + "\n" + Fill(last + 1) + individual, neither},
+      {Fill(1'023 + last) + individual, isIndividual},
+      {Fill(1'023 + last + 1) + individual, neither},
+      {Fill(last + 1) + individual + individual, isIndividual},
+      {Fill(1'023 * 5 - 10) + individual + Fill(1'023 - individual.size()) + individual, neither},
+      // Zero bytes.
+      {"\0"s + individual, neither},
+      {individual + "\0"s, isIndividual},
+      {"\0\n"s + individual, isIndividual},
+      {"\n\0"s + individual, neither},
+      {"\0"s + individual + "\n" + individual, isIndividual},
+      {"\0"s + Fill(1'021) + individual, neither},
+      {"\0"s + Fill(1'022) + individual, isIndividual},
+      {Fill(1'023) + "\0"s + individual, neither},
+      {"SystemUpdate\0Element"s, neither},
+      {"\0"s + individual + Fill(1'022 - individual.size()) + individual, isIndividual},
+      {"\0"s + pack + "\n" + individual, isIndividual},
+  };
+  for (const auto& [text, markers] : cases) {
+    EXPECT_EQ(FindMarkers(text), markers)
+        << text.size() << " bytes: " << testing::PrintToString(text.substr(0, 80));
+  }
+}
+
+TEST(DescriptorMarkers, PackMarkerGoesBeforeTheOther) {
+  EXPECT_TRUE(IsKovuText(isPack));
+  EXPECT_TRUE(IsKovuText(isBoth));
+  EXPECT_FALSE(IsKovuText(isIndividual));
+  EXPECT_FALSE(IsKovuText(neither));
+  EXPECT_TRUE(IsIndividualText(isIndividual));
+  EXPECT_FALSE(IsIndividualText(isBoth));
+  EXPECT_FALSE(IsIndividualText(isPack));
+  EXPECT_FALSE(IsIndividualText(neither));
+}
+
+// What fgets and strstr find in a file of these bytes.
+DescriptorMarkers PlainMarkers(std::FILE* file, std::string_view text) {
+  std::rewind(file);
+  EXPECT_EQ(std::fwrite(text.data(), 1, text.size(), file), text.size());
+  std::rewind(file);
+  DescriptorMarkers markers;
+  char line[1024] = {};
+  std::size_t left = text.size();
+  while (left != 0) {
+    // No more than what was written this time: the file may be longer.
+    const std::size_t most = std::min(sizeof line, left + 1);
+    const long before = std::ftell(file);
+    if (std::fgets(line, static_cast<int>(most), file) == nullptr) break;
+    left -= static_cast<std::size_t>(std::ftell(file) - before);
+    if (std::strstr(line, "ORXQDL_SystemUpdateProduct") != nullptr) markers.pack = true;
+    if (std::strstr(line, "SystemUpdateElement") != nullptr) markers.individual = true;
+  }
+  return markers;
+}
+
+std::string RandomText(RandomPick& pick) {
+  static const std::vector<std::string> words{
+      pack,      individual, individual.substr(0, 12), pack.substr(7), "\n", "\r\n", "\0"s, "\0\n"s,
+      "Element", "Product"};
+  static const std::vector<std::size_t> lengths{1, 5, 979, 997, 1'000, 1'004, 1'022, 1'023, 1'024};
+  std::string text;
+  for (std::size_t left = pick.Below(8); left != 0; --left) {
+    text +=
+        pick.OneIn(2) ? pick.Of(words) : Fill(pick.OneIn(2) ? pick.Of(lengths) : pick.Below(1'100));
+  }
+  return text;
+}
+
+TEST(DescriptorMarkers, AreFoundAsFgetsHandsOutTheText) {
+  constexpr std::size_t texts = 50'000;
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::tmpfile(), &std::fclose);
+  ASSERT_NE(file, nullptr);
+  RandomPick pick(10'231'023);
+  std::size_t found = 0;
+  std::size_t missed = 0;
+  for (std::size_t i = 0; i < texts; ++i) {
+    const std::string text = RandomText(pick);
+    const DescriptorMarkers plain = PlainMarkers(file.get(), text);
+    ASSERT_EQ(FindMarkers(text), plain) << "text " << i << ": " << testing::PrintToString(text);
+    if (plain.pack || plain.individual) ++found;
+    if (!plain.individual && text.find(individual) != std::string::npos) ++missed;
+  }
+  EXPECT_GT(found, texts / 5);
+  EXPECT_GT(missed, texts / 100);
+}
+
+// A search that went back to the line's or the file's start for each would not end here.
+TEST(DescriptorMarkers, TakesTimeInProportionToTheText) {
+  std::string text;
+  text.reserve(60'000'000);
+  while (text.size() < 50'000'000) text += "\0"s + pack + individual + Fill(1'022 - 45);
+  EXPECT_EQ(FindMarkers(text), neither);
+}
+
+TEST(TextMode, Translation) {
+  const std::pair<std::string_view, std::string_view> cases[] = {
+      {""sv, ""sv},
+      {"a\nb"sv, "a\nb"sv},
+      {"a\r\nb\r\n"sv, "a\nb\n"sv},
+      {"a\rb\r"sv, "a\rb\r"sv},
+      {"\r\r\n\n\r"sv, "\r\n\n\r"sv},
+      {"a\x1A"
+       "b"sv,
+       "a"sv},
+      {"a\r\x1A\n"sv, "a\r"sv},
+      {"\x1A"sv, ""sv},
+      {"a\0\r\n\0"sv, "a\0\n\0"sv},
+      {"\r\n\r\n"sv, "\n\n"sv},
+  };
+  for (const auto& [bytes, text] : cases) {
+    EXPECT_EQ(TranslateTextMode(bytes), text) << testing::PrintToString(bytes);
+#ifdef _WIN32
+    EXPECT_EQ(TextModeOf(std::string(bytes)), text) << testing::PrintToString(bytes);
+#else
+    EXPECT_EQ(TextModeOf(std::string(bytes)), bytes) << testing::PrintToString(bytes);
+#endif
+  }
+}
+
+}  // namespace
+}  // namespace Vornik

@@ -166,7 +166,8 @@ TEST(CimXmlLoadFile, GivesWhatTinyXmlGives) {
   while (shares.compared < enough) {
     const std::string bytes = RandomXml(pick);
     if (!LoadFileStaysInside(bytes)) continue;
-    std::remove(path.c_str());  // some file systems flush a file that is cut and written again
+    // Some file systems flush a file that is cut and written again.
+    ASSERT_EQ(std::remove(path.c_str()), 0);
     folder.Write("d.xml", bytes);
     const Content plain = PlainContent(path);
     const auto kind = pick.OneIn(2) ? DescriptorKind::Individual : DescriptorKind::Pack;

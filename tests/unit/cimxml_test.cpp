@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <tinyxml.h>
 
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <utility>

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <boost/filesystem.hpp>
+#include <optional>
 #include <string>
 #ifndef _WIN32
 #include <sys/stat.h>

@@ -157,7 +157,9 @@ TEST(DescriptorMarkers, AreFoundAsFgetsHandsOutTheText) {
 TEST(DescriptorMarkers, TakesTimeInProportionToTheText) {
   std::string text;
   text.reserve(60'000'000);
-  while (text.size() < 50'000'000) text += "\0"s + pack + individual + Fill(1'022 - 45);
+  const std::string piece =
+      "\0"s + pack + individual + Fill(1'022 - pack.size() - individual.size());
+  while (text.size() < 50'000'000) text += piece;
   EXPECT_EQ(FindMarkers(text), neither);
 }
 

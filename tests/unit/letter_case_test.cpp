@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <locale>
 #include <string>
+#include <utility>
 
 #include "child_process.h"
 #include "global_locale.h"
@@ -127,7 +128,7 @@ class TurkishCLocale : public testing::Test {
     ASSERT_EQ(std::tolower(0xDD), 'i');
   }
   void TearDown() override {
-    std::setlocale(LC_CTYPE, before_.c_str());
+    EXPECT_NE(std::setlocale(LC_CTYPE, before_.c_str()), nullptr);
     unsetenv("LOCPATH");
   }
 

@@ -6,6 +6,8 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "random_pick.h"
 #include "random_xml.h"

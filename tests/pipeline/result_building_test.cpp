@@ -122,6 +122,16 @@ TEST_F(ResultBuildingTest, DescriptorWithNoneOfThePropertiesGivesAnEmptyRecord) 
   }
 }
 
+TEST_F(ResultBuildingTest, FlagsKeepTheSpellingOfTheirDescriptor) {
+  AddIndividual("a.xml", Descriptor().Set("rebootRequired", "true").Set("severity", "02"));
+  AddIndividual("b.xml", Descriptor().Set("rebootRequired", "TRUE ").Set("severity", "2"));
+  EXPECT_TRUE(Build());
+  EXPECT_EQ(results[0].rebootRequired, "true");
+  EXPECT_EQ(results[1].rebootRequired, "TRUE ");
+  EXPECT_EQ(results[0].severity, "02");
+  EXPECT_EQ(results[1].severity, "2");
+}
+
 TEST_F(ResultBuildingTest, LastVersionWithAValueWins) {
   AddIndividual("a.xml", Descriptor().Set("Version", "1.0").Set("Version", "2.0"));
   AddIndividual("b.xml", Descriptor().Set("Version", "1.0").Set("Version", Lines{}));

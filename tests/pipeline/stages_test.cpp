@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "captured_stdout.h"
 #include "query_fixture.h"
 
 namespace Vornik::Testing {
@@ -132,14 +133,21 @@ TEST_F(StagesTest, EachSwitchSilencesItsOwnFilterAlone) {
 
 TEST_F(StagesTest, FolderThatHoldsNothingGivesCode4AndKeepsTheVector) {
   results = {RecordOf("kept")};
-  imp.queryCallback = &callback;
   EXPECT_EQ(Run(), QueryCode::NoResults);
   EXPECT_EQ(Codes(), Lines{"kept"});
-  EXPECT_EQ(callback.calls, Lines{});
   EXPECT_EQ(Log(), (Lines{"3 Check parameter validity - Start", "3 Check parameter validity - End",
                           "3 Parse XML Package Folder - Start", "3 Parse XML Package Folder - End",
                           "3 Create Query Package Results - Start",
                           "1 There is not any valid xml package in " + folder.Path()}));
+}
+
+TEST_F(StagesTest, CallbackIsNotCalledByAQueryThatStopsEarlier) {
+  imp.queryCallback = &callback;
+  EXPECT_EQ(Run(), QueryCode::NoResults);
+  imp.machineType = "";
+  const CapturedStdout out;
+  EXPECT_EQ(Run(), QueryCode::InvalidParameter);
+  EXPECT_EQ(callback.calls, Lines{});
 }
 
 TEST_F(StagesTest, CallbackIsCalledOnceBeforeAndOnceAfterTheFilters) {

@@ -46,7 +46,7 @@ TEST_F(LogFileTest, IsRefusedWithAReasonAndTheDestinationStays) {
       {"no bytes", {path, 0, 1}, "size limit"},
       {"no files", {path, 1, 0}, "number of log files"},
       {"too many files", {path, 1, 1001}, "number of log files"},
-      {"a folder", {Folder().operator/("").string(), 1, 1}, "Failed opening file"},
+      {"a folder", {(Folder() / "").string(), 1, 1}, "Failed opening file"},
       {"below a plain file", {(plainFile / "log.txt").string(), 1, 1}, "Failed opening file"},
   };
 

@@ -66,6 +66,7 @@ TEST_F(LogFunctionTest, LogsIntoStandardErrorItself) {
 
 TEST_F(LogFunctionTest, ChangesEverySettingFromInside) {
   const TemporaryFolder folder;
+  const RestoredSettings closed{};  // before the folder goes
   const std::string path = (folder / "log.txt").string();
   LogToFunction([path](const LogRecord&) {
     SetMinLogLevel(Log::GetMinLogLevel() + 1);
@@ -154,6 +155,7 @@ TEST_F(LogFunctionTest, ReplacedWhileOthersEmitLosesNoRecord) {
   constexpr int emitters = 4;
   constexpr int records = 2000;
   const TemporaryFolder folder;
+  const RestoredSettings closed{};  // before the folder goes
   const std::string path = (folder / "log.txt").string();
   auto received = std::make_shared<std::atomic<int>>(0);
   const LogFunction count = [received](const LogRecord&) { ++*received; };

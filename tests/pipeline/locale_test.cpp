@@ -5,6 +5,10 @@
 #include "global_locale.h"
 #include "query_fixture.h"
 
+#ifndef _WIN32
+#include "turkish_c_locale.h"
+#endif
+
 namespace Vornik::Testing {
 namespace {
 
@@ -71,6 +75,25 @@ TEST_F(LocaleTest, LogMayChangeTheLocaleBetweenTwoRecords) {
   EXPECT_EQ(results[0].includeIdFilterStatus, FilterStatus::Matched);
   EXPECT_EQ(results[1].includeIdFilterStatus, FilterStatus::Matched);
 }
+
+#ifndef _WIN32
+
+TEST_F(LocaleTest, PropertyNamesFollowTheCLibrarysLocaleOfTheFilter) {
+  folder.Write("a.xml", Descriptor()
+                            .Set("IDENTIFICATIONCODE", "a")
+                            .For("1234", "10", "9")
+                            .Set("TYPE", "3")
+                            .Individual());
+  imp.updateTypes = {static_cast<UpdateType>(3)};
+  const TurkishCLocale locale;
+  ChangesTheLocale callback([&locale] { ASSERT_TRUE(locale.Set()); });
+  imp.queryCallback = &callback;
+  ASSERT_EQ(Run(), QueryCode::Completed);
+  ASSERT_EQ(Codes(), Lines{"a"}) << "built before the locale changed";
+  EXPECT_EQ(results[0].platformFilterStatus, FilterStatus::NotEvaluated) << "not found any more";
+}
+
+#endif
 
 }  // namespace
 }  // namespace Vornik::Testing

@@ -3,17 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
-#include <chrono>
-#include <clocale>
-#include <cstdlib>
 #include <locale>
 #include <string>
 #include <utility>
 
-#include "child_process.h"
 #include "global_locale.h"
 #include "properties.h"
-#include "temp_folder.h"
+
+#ifndef _WIN32
+#include "turkish_c_locale.h"
+#endif
 
 namespace Vornik {
 namespace {
@@ -111,33 +110,9 @@ TEST(CLibraryFold, DoesNotFollowTheGlobalLocalesFacet) {
 
 #ifndef _WIN32
 
-// The Turkish locale in a single-byte encoding, compiled for the test: tolower('I') is the dotless
-// letter 0xFD there, and tolower(0xDD) is 'i'.
-class TurkishCLocale : public testing::Test {
- protected:
-  void SetUp() override {
-    const std::string name = "tr_TR.ISO-8859-9";
-    const auto outcome = Testing::RunChild(
-        "/usr/bin/localedef", {"-i", "tr_TR", "-f", "ISO-8859-9", folder_.Path() + "/" + name},
-        std::chrono::minutes(1));
-    ASSERT_TRUE(outcome.ended);
-    ASSERT_EQ(outcome.exitStatus, 0);
-    ASSERT_EQ(setenv("LOCPATH", folder_.Path().c_str(), 1), 0);
-    ASSERT_NE(std::setlocale(LC_CTYPE, name.c_str()), nullptr);
-    ASSERT_EQ(std::tolower('I'), 0xFD);
-    ASSERT_EQ(std::tolower(0xDD), 'i');
-  }
-  void TearDown() override {
-    EXPECT_NE(std::setlocale(LC_CTYPE, before_.c_str()), nullptr);
-    unsetenv("LOCPATH");
-  }
-
- private:
-  Testing::TempFolder folder_;
-  const std::string before_ = std::setlocale(LC_CTYPE, nullptr);
-};
-
-TEST_F(TurkishCLocale, DecidesPropertyNames) {
+TEST(TurkishCLocale, DecidesPropertyNames) {
+  const Testing::TurkishCLocale locale;
+  ASSERT_TRUE(locale.Set());
   EXPECT_FALSE(EqualByCLibraryFold("VERSION", "Version"));
   EXPECT_TRUE(EqualByCLibraryFold("VERS\xDDON", "Version"));
   EXPECT_TRUE(EqualByCLibraryFold("VERSION", "VERS\xFDON"));
@@ -149,7 +124,9 @@ TEST_F(TurkishCLocale, DecidesPropertyNames) {
   EXPECT_EQ(GetPropertyValue("type", properties), "9");
 }
 
-TEST_F(TurkishCLocale, DoesNotDecideIds) {
+TEST(TurkishCLocale, DoesNotDecideIds) {
+  const Testing::TurkishCLocale locale;
+  ASSERT_TRUE(locale.Set());
   const GlobalLocaleGuard guard(std::locale::classic());
   EXPECT_EQ(FoldByGlobalLocale("I"), "i");
   EXPECT_FALSE(EqualByGlobalLocaleFold("\xDD", "i"));

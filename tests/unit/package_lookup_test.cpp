@@ -2,6 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
+#ifndef _WIN32
+#include "turkish_c_locale.h"
+#endif
+
 namespace Vornik {
 namespace {
 
@@ -32,6 +38,67 @@ TEST(PackageLookup, LastCodeOfAPackageIsItsCode) {
   EXPECT_EQ(FindByIdentificationCode("other", {}, individuals), nullptr);
   EXPECT_EQ(FindByIdentificationCode("new", {}, individuals), &individuals[0].properties);
 }
+
+// Few codes, some of them twice or not at all in an entry.
+class RandomLists {
+ public:
+  explicit RandomLists(unsigned int seed) : random_(seed) {}
+
+  void Grow() {
+    if (Below(2) == 0) {
+      individuals.push_back(Next());
+      return;
+    }
+    KovuPackEntry pack{"p.xml", {}};
+    for (unsigned int members = Below(4); members > 0; --members) pack.members.push_back(Next());
+    packs.push_back(std::move(pack));
+  }
+
+  std::string Code() { return std::string(1, static_cast<char>('a' + Below(8))); }
+
+  std::vector<KovuPackEntry> packs;
+  std::vector<PackageXmlEntry> individuals;
+
+ private:
+  unsigned int Below(unsigned int n) { return static_cast<unsigned int>(random_() % n); }
+
+  PackageXmlEntry Next() {
+    PackageXmlEntry entry = Entry(Code());
+    if (Below(4) == 0) entry.properties.push_back({"IDENTIFICATIONCODE", "", {Code()}});
+    if (Below(8) == 0) entry.properties.clear();
+    return entry;
+  }
+
+  std::mt19937 random_;
+};
+
+TEST(PackageIndex, SameAsThePlainWalkWhileTheListsGrow) {
+  for (unsigned int seed = 0; seed < 2'000; ++seed) {
+    RandomLists lists(seed);
+    PackageIndex index(lists.packs, lists.individuals);
+    for (int step = 0; step < 60; ++step) {
+      if (step % 3 == 0) lists.Grow();
+      const std::string code = lists.Code();
+      ASSERT_EQ(index.Find(code), FindByIdentificationCode(code, lists.packs, lists.individuals))
+          << "seed " << seed << ", step " << step;
+    }
+  }
+}
+
+#ifndef _WIN32
+
+TEST(PackageIndex, FollowsTheCLibrarysLocaleFromOneQuestionToTheNext) {
+  const std::vector<KovuPackEntry> packs;
+  const std::vector<PackageXmlEntry> individuals{{"a.xml", {{"IDENTIFICATIONCODE", "", {"a"}}}},
+                                                 {"b.xml", {{"identificationCode", "", {"a"}}}}};
+  PackageIndex index(packs, individuals);
+  EXPECT_EQ(index.Find("a"), &individuals[0].properties);
+  const Testing::TurkishCLocale locale;
+  ASSERT_TRUE(locale.Set());
+  EXPECT_EQ(index.Find("a"), &individuals[1].properties);
+}
+
+#endif
 
 }  // namespace
 }  // namespace Vornik

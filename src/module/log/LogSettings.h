@@ -6,8 +6,7 @@
 // while static objects are destroyed. A record that is under way when the destination changes still
 // goes to the former one. On a line-based destination, standard error and the file, a record is
 //
-//   2025-01-31 13:05:09.042 error src/module/querypackage/querypackageimp.cpp:88: MachineType is
-//   ...
+//   2025-01-31 13:05:09.042 error src/module/querypackage/querypackageimp.cpp:88: OS is not set
 //
 // local time with milliseconds, "error", "warning" or "progress" ("level" and the number for a
 // level outside 1 to 3), source file and line, text. It is always one line: in file and text a line
@@ -16,7 +15,8 @@
 // destructor returns, so a process that then ends abruptly leaves it behind.
 //
 // A record that cannot be written is counted and otherwise dropped: the emitting code never
-// notices.
+// notices. Signals that POSIX systems raise for a failed write (SIGPIPE, SIGXFSZ) are the host's to
+// ignore.
 #ifndef VORNIK_LOGSETTINGS_H
 #define VORNIK_LOGSETTINGS_H
 

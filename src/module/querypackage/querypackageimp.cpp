@@ -358,22 +358,23 @@ std::vector<QueryPackageResult::DriverFile> QueryPackageImp::GetDriverFiles(
 
 bool QueryPackageImp::FindPackageProperties(std::string identificationCode,
                                             SupXmlProperties& properties) {
-  const SupXmlProperties* found = LookUpPackageProperties(identificationCode);
-  if (found != nullptr) {
-    properties = *found;
-  } else if (!identificationCode.empty()) {
-    properties.clear();
+  if (identificationCode.empty()) {
+    QP_LOG(LogLevel::warning, LogText::codeIsEmpty);
+    return false;
   }
+  const SupXmlProperties* found =
+      FindByIdentificationCode(identificationCode, kovuPackEntries, packageXmlEntries);
+  properties = found == nullptr ? SupXmlProperties() : *found;
   return found != nullptr;
 }
 
-const SupXmlProperties* QueryPackageImp::LookUpPackageProperties(
-    const std::string& identificationCode) {
+const SupXmlProperties* QueryPackageImp::LookUp(PackageIndex& index,
+                                                const std::string& identificationCode) {
   if (identificationCode.empty()) {
     QP_LOG(LogLevel::warning, LogText::codeIsEmpty);
     return nullptr;
   }
-  return FindByIdentificationCode(identificationCode, kovuPackEntries, packageXmlEntries);
+  return index.Find(identificationCode);
 }
 
 void QueryPackageImp::FilterDuplicate(Results& results) {
@@ -386,8 +387,9 @@ void QueryPackageImp::FilterDuplicate(Results& results) {
 }
 
 void QueryPackageImp::FilterPlatform(Results& results) {
+  PackageIndex index(kovuPackEntries, packageXmlEntries);
   for (QueryPackageResult& record : results) {
-    const SupXmlProperties* properties = LookUpPackageProperties(record.identificationCode);
+    const SupXmlProperties* properties = LookUp(index, record.identificationCode);
     if (properties == nullptr) {
       QP_LOG(LogLevel::error, LogText::noProperties);
       continue;
@@ -433,8 +435,9 @@ void QueryPackageImp::FilterSep(Results& results) {
 }
 
 void QueryPackageImp::FilterPayloadExist(Results& results) {
+  PackageIndex index(kovuPackEntries, packageXmlEntries);
   for (QueryPackageResult& record : results) {
-    const bool matched = PayloadExists(record.identificationCode);
+    const bool matched = PayloadExists(LookUp(index, record.identificationCode));
     record.payloadExistFilterStatus = StatusOf(matched);
     QP_LOG(LogLevel::progress,
            record.identificationCode
@@ -443,7 +446,11 @@ void QueryPackageImp::FilterPayloadExist(Results& results) {
 }
 
 bool QueryPackageImp::PayloadExists(std::string identificationCode) {
-  const SupXmlProperties* properties = LookUpPackageProperties(identificationCode);
+  PackageIndex index(kovuPackEntries, packageXmlEntries);
+  return PayloadExists(LookUp(index, identificationCode));
+}
+
+bool QueryPackageImp::PayloadExists(const SupXmlProperties* properties) {
   if (properties == nullptr) {
     QP_LOG(LogLevel::error, LogText::noProperties);
     return false;
@@ -468,10 +475,11 @@ void QueryPackageImp::FilterSupersede(Results& results) {
   for (QueryPackageResult& record : results) {
     record.supersedeFilterStatus = FilterStatus::Matched;
   }
+  PackageIndex index(kovuPackEntries, packageXmlEntries);
   std::vector<CodeList> lists(results.size());
   for (std::size_t i = 0; i < results.size(); ++i) {
     if (results[i].platformFilterStatus == FilterStatus::NotMatched) continue;
-    const SupXmlProperties* properties = LookUpPackageProperties(results[i].identificationCode);
+    const SupXmlProperties* properties = LookUp(index, results[i].identificationCode);
     if (properties == nullptr) {
       QP_LOG(LogLevel::error, LogText::noProperties);
       continue;
@@ -516,8 +524,9 @@ void QueryPackageImp::FilterExcludeId(Results& results) {
 
 void QueryPackageImp::FilterUpdateType(Results& results) {
   if (updateTypes.empty()) QP_LOG(LogLevel::error, LogText::updateTypesEmpty);
+  PackageIndex index(kovuPackEntries, packageXmlEntries);
   for (QueryPackageResult& record : results) {
-    const SupXmlProperties* properties = LookUpPackageProperties(record.identificationCode);
+    const SupXmlProperties* properties = LookUp(index, record.identificationCode);
     if (properties == nullptr) {
       QP_LOG(LogLevel::error, LogText::noProperties);
       continue;

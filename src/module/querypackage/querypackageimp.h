@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "QueryPackage.h"
+#include "package_lookup.h"
 #include "properties.h"
 
 namespace Vornik {
@@ -70,8 +71,11 @@ class QueryPackageImp {
  private:
   void LoadDescriptor(const std::string& path, const std::string& fileName);
 
-  // The same look-up without a copy: null if there is none, valid until descriptors are loaded.
-  const SupXmlProperties* LookUpPackageProperties(const std::string& identificationCode);
+  // The same look-up for a filter, which asks for every record: without a copy, null if there is
+  // none, valid until descriptors are loaded.
+  const SupXmlProperties* LookUp(PackageIndex& index, const std::string& identificationCode);
+
+  bool PayloadExists(const SupXmlProperties* properties);
 
   QueryPackageResult CreateResult(const PackageXmlEntry& entry, const std::string& kovuXmlFile,
                                   const std::string& kovuName);

@@ -8,6 +8,7 @@
 
 #include "QueryPackage.h"
 #include "exit_status.h"
+#include "explain_command.h"
 #include "query_command.h"
 
 namespace Vornik::Cli {
@@ -15,11 +16,12 @@ namespace Vornik::Cli {
 namespace {
 
 constexpr const char* closingHelp = R"(Exit status:
-  0   The query ran: the verdicts are printed.
+  0   The query ran: the verdicts are printed. explain: the package is explained.
+  1   explain: nothing in the folder is known by the id.
   2   The query was refused: FOLDER is no folder, the machine type is not four digits, the
       operating system or the architecture is 0, or an id is both included and excluded.
   3   The folder could not be read to its end.
-  4   The folder gives no package for this machine.
+  4   The folder gives no package for this machine. explain says why, and ends with 0 or 1.
   64  The command line is wrong or incomplete, or the log file cannot be opened.
   65  A descriptor that the query would reach would make it hang or end the process. --trust
       skips this check.
@@ -28,10 +30,11 @@ constexpr const char* closingHelp = R"(Exit status:
 Each status but 0 comes with a line on standard error that says what to do.
 
 A verdict is "pass", "fail" or "none": the filter is off, or the data it needs are missing.
-The table is coloured on a terminal, unless NO_COLOR is set to a text that is not empty.
+The output is coloured on a terminal, unless NO_COLOR is set to a text that is not empty.
 
 Example:
-  querypackage-cli query packages --machine-type 1234 --os 10 --arch 9 --update-type 1)";
+  querypackage-cli query packages --machine-type 1234 --os 10 --arch 9 --update-type 1
+  querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 --package orx_drv_a)";
 
 int Help(const CLI::App& app) {
   std::cout << app.help("", CLI::AppFormatMode::All) << std::flush;
@@ -53,6 +56,7 @@ int Run(int argc, char** argv) {
   SetUp(app);
   std::function<int()> chosen;
   AddQueryCommand(app, chosen);
+  AddExplainCommand(app, chosen);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {

@@ -12,7 +12,7 @@ namespace Vornik::Cli {
 
 namespace {
 
-constexpr std::size_t mostLogBytes = 100 * 1024 * 1024;
+constexpr std::size_t mostLogBytes = std::size_t{100} << 20;
 
 // Decimal digits only, with a minus sign where Number has one: a leading zero is no octal number.
 template <typename Number>
@@ -110,6 +110,19 @@ void AddQuerySettings(CLI::App& command, QuerySettings& settings) {
             "Do not judge whether a package is replaced by another one");
 }
 
+void AddPackage(CLI::App& command, std::string& package) {
+  // Taken as it stands: an option of one value would read "{}" as none.
+  command
+      .add_option(
+          "--package", [](const CLI::results_t&) { return true; },
+          "Identification code of the package; case counts only\nwhere two codes differ in nothing "
+          "else")
+      ->each([&package](const std::string& id) { package = id; })
+      ->expected(1)
+      ->required()
+      ->type_name("ID");
+}
+
 void AddFormat(CLI::App& command, Format& format) {
   command
       .add_option_function<std::string>(
@@ -141,6 +154,12 @@ void AddLogOptions(CLI::App& command, LogOptions& log) {
           "File to append log records to, renamed when it holds\n100 MiB; without it they go to "
           "standard error")
       ->type_name("FILE");
+}
+
+void AddTrust(CLI::App& command, bool& trust) {
+  command.add_flag(
+      "--trust", trust,
+      "Do not look first for descriptors that would hang the\nquery or end the process");
 }
 
 bool ApplyLogOptions(const LogOptions& log, std::string& reason) {

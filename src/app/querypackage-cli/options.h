@@ -42,8 +42,12 @@ void AddFolder(CLI::App& command, std::string& folder);
 // The folder included.
 void AddQuerySettings(CLI::App& command, QuerySettings& settings);
 
+// The one package that is asked about.
+void AddPackage(CLI::App& command, std::string& package);
+
 void AddFormat(CLI::App& command, Format& format);
 void AddLogOptions(CLI::App& command, LogOptions& log);
+void AddTrust(CLI::App& command, bool& trust);
 
 // Directs the library's log records. False if the file cannot be opened: reason then says why.
 bool ApplyLogOptions(const LogOptions& log, std::string& reason);

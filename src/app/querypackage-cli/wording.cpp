@@ -1,0 +1,49 @@
+#include "wording.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <boost/filesystem/path.hpp>
+
+#include "letter_case.h"
+
+namespace Vornik::Cli {
+
+namespace {
+
+constexpr std::size_t mostListed = 12;
+
+}  // namespace
+
+std::string Quoted(const std::string& text) { return '"' + text + '"'; }
+
+std::string QuotedList(const std::vector<std::string>& texts) {
+  if (texts.empty()) return "nothing";
+  std::string list;
+  const std::size_t shown = std::min(texts.size(), mostListed);
+  for (std::size_t i = 0; i < shown; ++i) {
+    if (i != 0) list += ", ";
+    list += Quoted(texts[i]);
+  }
+  if (shown < texts.size()) list += fmt::format(" and {} more", texts.size() - shown);
+  return list;
+}
+
+std::string AsCompared(const std::string& version) {
+  const std::string folded = FoldByGlobalLocale(version);
+  return folded == version ? Quoted(version) : Quoted(version) + " (as " + Quoted(folded) + ")";
+}
+
+std::string CodeText(const std::string& code) {
+  return code.empty() ? "the package without a code" : Quoted(code);
+}
+
+std::string FileNameOf(const std::string& path) {
+  return boost::filesystem::path(path).filename().string();
+}
+
+std::string Count(std::size_t number, const std::string& noun) {
+  return fmt::format("{} {}{}", number, noun, number == 1 ? "" : "s");
+}
+
+}  // namespace Vornik::Cli

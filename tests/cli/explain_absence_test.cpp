@@ -133,7 +133,7 @@ TEST_F(ExplainAbsenceTest, MemberOfAPackThatIsNotInUseIsExplained) {
   WritePackage("other");
   const struct {
     Descriptor pack;
-    const char* text;
+    const char* text = nullptr;
   } cases[] = {
       {PackItself("p.xml").Set("applicableMachineTypes", {"Lap [5678]", "12345"}),
        "its \"applicableMachineTypes\" do not hold the machine type 1234: \"Lap [5678]\", "

@@ -6,7 +6,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::SizeIs;
 using Texts = std::vector<std::string>;
 

@@ -4,10 +4,7 @@
 namespace Vornik::Testing {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 class ExplainFiltersTest : public ExplainTest {
  protected:
@@ -30,13 +27,13 @@ Descriptor WithLists(const std::string& code, const std::vector<std::string>& ma
 
 TEST_F(ExplainFiltersTest, EachPlatformReason) {
   const struct {
-    const char* code;
+    const char* code = nullptr;
     Descriptor package;
-    int status;
-    const char* reason;
-    const char* text;
-    const char* detail;
-    const char* log;
+    int status = 0;
+    const char* reason = nullptr;
+    const char* text = nullptr;
+    const char* detail = nullptr;
+    const char* log = nullptr;
   } cases[] = {
       {"match", WithLists("match", {"5678", "1234"}, {"10", "0"}, {"9", "9"}), 1, "entryMatches",
        "Position 2 of its lists fits the machine: machine type \"1234\", operating system \"0\"",

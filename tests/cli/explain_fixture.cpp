@@ -29,9 +29,9 @@ Json ExplainTest::ExplainPackage(const std::string& id, const Arguments& more) {
   if (document["packages"].size() != 1) throw std::runtime_error(document.dump(2));
   Json package = document["packages"][0];
   for (const Json& filter : package["filters"]) {
-    if (filter["slot"] == "") continue;
-    EXPECT_EQ(filter["status"], document["records"][0][filter["slot"].get<std::string>()])
-        << filter["filter"];
+    const auto slot = filter["slot"].get<std::string>();
+    if (slot.empty()) continue;
+    EXPECT_EQ(filter["status"], document["records"][0][slot]) << filter["filter"];
   }
   return package;
 }

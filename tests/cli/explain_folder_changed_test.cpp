@@ -10,8 +10,6 @@
 namespace Vornik::Testing {
 namespace {
 
-using testing::HasSubstr;
-
 class FolderChangedTest : public CliTest {
  protected:
   FolderChangedTest() {

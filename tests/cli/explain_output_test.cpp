@@ -7,7 +7,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
 
 class ExplainOutputTest : public ExplainTest {};

@@ -9,7 +9,6 @@ namespace Vornik::Testing {
 namespace {
 
 using Cli::JudgePacks;
-using Cli::PackJudgement;
 
 // Packs of one version each that all apply to machine type 1234; an empty version is none.
 std::vector<KovuPackEntry> Packs(const std::vector<std::string>& versions) {

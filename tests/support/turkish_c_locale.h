@@ -33,11 +33,16 @@ class TurkishCLocale {
   // Whether the locale could be made the process's, and folds as it should.
   bool Set() const {
     return compiled_ && setenv("LOCPATH", folder_.Path().c_str(), 1) == 0 &&
-           std::setlocale(LC_CTYPE, name) != nullptr && std::tolower('I') == 0xFD &&
-           std::tolower(0xDD) == 'i';
+           std::setlocale(LC_CTYPE, name) != nullptr && Folded('I') == 0xFD && Folded(0xDD) == 'i';
   }
 
  private:
+  // Volatile, because a compiler may fold the case of a constant without asking the locale.
+  static int Folded(int byte) {
+    const volatile int unknown = byte;
+    return std::tolower(unknown);
+  }
+
   static constexpr const char* name = "tr_TR.ISO-8859-9";
 
   TempFolder folder_;

@@ -67,8 +67,10 @@ TEST_F(ExplainAbsenceTest, DescriptorThatFailsToLoadIsNamedWithTheLibrarysLine) 
 
 TEST_F(ExplainAbsenceTest, CodeInsideALongerTextIsNone) {
   WritePackage("other");
-  folder.Write("draft.xml", Truncated(Package("a1").Set("description", "about a package")));
-  EXPECT_EQ(ExplainJson("a", {}, 1)["answer"], "unknown");
+  for (const char* text : {"about a package", "written as a", "a is what it is", "ba", "ab"}) {
+    folder.Write("draft.xml", Truncated(Package("a1").Set("description", text)));
+    EXPECT_EQ(ExplainJson("a", {}, 1)["answer"], "unknown") << text;
+  }
 }
 
 TEST_F(ExplainAbsenceTest, CodeWithMarkupIsFoundInABrokenFile) {

@@ -8,6 +8,7 @@
 #include <optional>
 #include <utility>
 
+#include "byte_count.h"
 #include "descriptor_files.h"
 #include "xml_limits.h"
 
@@ -91,12 +92,20 @@ std::size_t CountRecords(const TiXmlNode* root, DescriptorKind kind) {
   return kind == DescriptorKind::Pack ? CountInstanceProperties(root) : CountProperties(root);
 }
 
+// Each property and each instance takes a '<' of its own, and records are counted at most once for
+// each pair of them: so few of them need no count.
+bool MayGiveTooManyRecords(const std::string& text) {
+  const std::size_t elements = CountByte('<', text);
+  return elements > maxPropertyRecords ||
+         (elements / 2) * ((elements + 1) / 2) > maxPropertyRecords;
+}
+
 // In place and up to the first zero byte, as TiXmlDocument::LoadFile does it, with the bytes that
 // this leaves behind the new end: TinyXML steps onto them where a character reaches over that end.
 // The text has to end with a zero byte. Returns the new end.
 std::size_t NormaliseLineEnds(char* text) {
-  const char* from = text;
-  char* to = text;
+  char* to = text + std::strcspn(text, "\r");
+  const char* from = to;
   while (*from != '\0') {
     if (*from != '\r') {
       *to++ = *from++;
@@ -208,18 +217,18 @@ CimXmlDocument::~CimXmlDocument() = default;
 
 LoadOutcome CimXmlDocument::LoadFile(const std::string& path, DescriptorKind kind,
                                      Positions positions) {
-  std::optional<std::string> bytes = ReadRegularFile(path);
-  if (bytes.has_value()) return LoadBytes(std::move(*bytes), kind, positions);
-  document_ = nullptr;
-  return OutcomeOf(LoadFault::Unreadable);
+  return LoadBytes(ReadRegularFile(path), kind, positions);
 }
 
-LoadOutcome CimXmlDocument::LoadBytes(std::string bytes, DescriptorKind kind, Positions positions) {
+LoadOutcome CimXmlDocument::LoadBytes(std::optional<std::string> read, DescriptorKind kind,
+                                      Positions positions) {
   document_ = nullptr;
+  if (!read) return OutcomeOf(LoadFault::Unreadable);
+  std::string& bytes = *read;
   if (bytes.empty()) return OutcomeOf(LoadFault::Empty);
   bytes.append(xmlTextPadding, '\0');
   std::size_t end = NormaliseLineEnds(bytes.data());
-  const XmlOutline outline = OutlineXml(bytes.data());
+  const XmlOutline outline = OutlineXml(bytes.data(), bytes.size());
   if (outline.fault != XmlLimitFault::None) return LimitOutcome(outline, bytes.data());
   const bool isCut = outline.unfinishedDeclaration != XmlOutline::npos;
   if (isCut) {
@@ -234,7 +243,8 @@ LoadOutcome CimXmlDocument::LoadBytes(std::string bytes, DescriptorKind kind, Po
   if (isCut && document->NoChildren()) return {};
   LoadOutcome outcome = ParseOutcome(*document);
   if (outcome.fault != LoadFault::None) return outcome;
-  if (CountRecords(document->FirstChildElement(), kind) > maxPropertyRecords) {
+  if (MayGiveTooManyRecords(bytes) &&
+      CountRecords(document->FirstChildElement(), kind) > maxPropertyRecords) {
     return OutcomeOf(LoadFault::TooManyProperties);
   }
   document_ = std::move(document);
@@ -246,9 +256,10 @@ const TiXmlNode* CimXmlDocument::Root() const {
 }
 
 void ReadProperties(const TiXmlNode* node, SupXmlProperties& properties) {
-  for (const TiXmlNode* next = node; next != nullptr; next = NextBelow(next, node)) {
-    if (IsProperty(*next)) AppendProperty(*next->ToElement(), properties);
-  }
+  std::vector<const TiXmlNode*> elements;
+  CollectProperties(node, elements);
+  properties.reserve(properties.size() + elements.size());
+  for (const TiXmlNode* element : elements) AppendProperty(*element->ToElement(), properties);
 }
 
 void CollectProperties(const TiXmlNode* node, std::vector<const TiXmlNode*>& elements) {

@@ -12,6 +12,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -62,8 +63,9 @@ class CimXmlDocument {
   LoadOutcome LoadFile(const std::string& path, DescriptorKind kind,
                        Positions positions = Positions::Ignored);
 
-  // Parses the bytes of a file. What TinyXML cannot take safely is a fault too.
-  LoadOutcome LoadBytes(std::string bytes, DescriptorKind kind,
+  // Parses the bytes of a file; nothing: it could not be read. What TinyXML cannot take safely is a
+  // fault too.
+  LoadOutcome LoadBytes(std::optional<std::string> bytes, DescriptorKind kind,
                         Positions positions = Positions::Ignored);
 
   // The first child that is an element; null if there is none. Valid while the document lives.

@@ -1,15 +1,15 @@
 #include "descriptor_classification.h"
 
-#include <optional>
-#include <utility>
-
 #include "descriptor_files.h"
 
 namespace Vornik {
 
 DescriptorMarkers MarkersOfFile(const std::string& path) {
-  std::optional<std::string> bytes = ReadRegularFile(path);
-  return bytes ? FindMarkers(TextModeOf(*std::move(bytes))) : DescriptorMarkers{};
+  return MarkersOfBytes(ReadRegularFile(path));
+}
+
+DescriptorMarkers MarkersOfBytes(const std::optional<std::string>& bytes) {
+  return bytes ? FindMarkersInBytes(*bytes) : DescriptorMarkers{};
 }
 
 }  // namespace Vornik

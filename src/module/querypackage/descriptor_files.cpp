@@ -4,8 +4,8 @@
 #include <boost/filesystem/path.hpp>
 #include <boost/system/error_code.hpp>
 #include <boost/system/system_error.hpp>
+#include <array>
 #include <cstddef>
-#include <cstdint>
 #include <cstdio>
 #include <memory>
 
@@ -21,22 +21,19 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-std::size_t SizeHint(const std::string& path) {
-  boost::system::error_code error;
-  const std::uintmax_t size = boost::filesystem::file_size(path, error);
-  return error ? 0 : static_cast<std::size_t>(size);
-}
-
-// The file may grow or shrink meanwhile: what counts is where reading finds the end.
-std::string ReadToEnd(std::FILE* file, std::size_t sizeHint) {
-  std::string bytes(sizeHint + spareBytes, '\0');
-  std::size_t used = 0;
-  for (;;) {
-    used += std::fread(bytes.data() + used, 1, bytes.size() - used, file);
-    if (used < bytes.size()) break;
-    bytes.resize(bytes.size() * 2);
+// The file may grow or shrink meanwhile: what counts is where reading finds the end. Most
+// descriptors end in the first part, so that their bytes are stored once and no size is asked for.
+std::string ReadToEnd(std::FILE* file) {
+  std::array<char, 16'384> part;  // NOLINT(cppcoreguidelines-pro-type-member-init): fread fills it
+  const auto read = [&part, file] { return std::fread(part.data(), 1, part.size(), file); };
+  std::size_t length = read();
+  std::string bytes;
+  bytes.reserve(length + spareBytes);
+  bytes.append(part.data(), length);
+  while (length == part.size()) {
+    length = read();
+    bytes.append(part.data(), length);
   }
-  bytes.resize(used);
   return bytes;
 }
 
@@ -52,10 +49,15 @@ bool IsRegularFile(const std::string& path) {
 }
 
 std::optional<std::string> ReadRegularFile(const std::string& path) {
-  if (!IsRegularFile(path)) return std::nullopt;
+  return IsRegularFile(path) ? ReadKnownRegularFile(path) : std::nullopt;
+}
+
+std::optional<std::string> ReadKnownRegularFile(const std::string& path) {
   const File file(std::fopen(path.c_str(), "rb"));
   if (file == nullptr) return std::nullopt;
-  std::string bytes = ReadToEnd(file.get(), SizeHint(path));
+  // No buffer of the C library's between: a part is read where it is wanted.
+  static_cast<void>(std::setvbuf(file.get(), nullptr, _IONBF, 0));
+  std::string bytes = ReadToEnd(file.get());
   if (std::ferror(file.get()) != 0) return std::nullopt;
   return bytes;
 }

@@ -14,6 +14,9 @@ bool IsRegularFile(const std::string& path);
 // some systems but never ends. Nothing when there is no such file or it cannot be read whole.
 std::optional<std::string> ReadRegularFile(const std::string& path);
 
+// The same where the path is known to name a regular file, without asking again.
+std::optional<std::string> ReadKnownRegularFile(const std::string& path);
+
 }  // namespace Vornik
 
 #endif  // VORNIK_QUERYPACKAGE_DESCRIPTOR_FILES_H

@@ -1,7 +1,6 @@
 #include "descriptor_markers.h"
 
 #include <cstddef>
-#include <utility>
 
 #include "literals.h"
 
@@ -67,11 +66,11 @@ std::string TranslateTextMode(std::string_view bytes) {
   return text;
 }
 
-std::string TextModeOf(std::string bytes) {
+DescriptorMarkers FindMarkersInBytes(std::string_view bytes) {
 #ifdef _WIN32
-  return TranslateTextMode(bytes);
+  return FindMarkers(TranslateTextMode(bytes));
 #else
-  return bytes;
+  return FindMarkers(bytes);
 #endif
 }
 

@@ -27,8 +27,9 @@ DescriptorMarkers FindMarkers(std::string_view text);
 // stays, and the text ends before the first byte 0x1A.
 std::string TranslateTextMode(std::string_view bytes);
 
-// The same for the system that this is built for: only Windows has a text mode.
-std::string TextModeOf(std::string bytes);
+// The markers in a file's bytes, as the C library of the system that this is built for delivers
+// them: only Windows has a text mode.
+DescriptorMarkers FindMarkersInBytes(std::string_view bytes);
 
 // A file with the pack marker is a pack, whatever else it holds.
 inline bool IsKovuText(const DescriptorMarkers& markers) { return markers.pack; }

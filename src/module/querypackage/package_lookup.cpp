@@ -31,17 +31,38 @@ const SupXmlProperties* FindByIdentificationCode(const std::string& code,
   return FindIn(individuals, code);
 }
 
-PackageIndex::FoldTable PackageIndex::CurrentFolds() {
-  FoldTable folds{};
-  for (std::size_t byte = 0; byte < folds.size(); ++byte) {
-    folds[byte] = static_cast<unsigned char>(std::tolower(static_cast<int>(byte)));
+PackageIndex::PackageIndex(const std::vector<KovuPackEntry>& packs,
+                           const std::vector<PackageXmlEntry>& individuals)
+    : packs_(packs), individuals_(individuals) {
+  LearnFolds(PropertyName::identificationCode);
+}
+
+bool PackageIndex::AreFoldsCurrent() const {
+  return std::all_of(folds_.begin(), folds_.end(),
+                     [](const Fold& fold) { return std::tolower(fold.byte) == fold.folded; });
+}
+
+void PackageIndex::LearnFolds(std::string_view name) {
+  for (const char c : name) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (isFoldKnown_[byte]) continue;
+    isFoldKnown_[byte] = true;
+    folds_.push_back({byte, std::tolower(byte)});
   }
-  return folds;
+}
+
+std::string_view PackageIndex::Learn(const PackageXmlEntry& entry) {
+  constexpr std::string_view name = PropertyName::identificationCode;
+  for (const SupXmlProperty& property : entry.properties) {
+    if (property.name.size() == name.size()) LearnFolds(property.name);
+  }
+  const std::string* code = FindPropertyValue(name, entry.properties);
+  return code == nullptr ? std::string_view() : *code;
 }
 
 void PackageIndex::Update() {
-  if (const FoldTable folds = CurrentFolds(); folds != folds_) {
-    folds_ = folds;
+  if (!AreFoldsCurrent()) {
+    for (Fold& fold : folds_) fold.folded = std::tolower(fold.byte);
     knownPacks_ = knownIndividuals_ = 0;
     memberByCode_.clear();
     individualByCode_.clear();
@@ -50,15 +71,12 @@ void PackageIndex::Update() {
   for (; knownPacks_ < packs_.size(); ++knownPacks_) {
     const auto& members = packs_[knownPacks_].members;
     for (std::size_t i = 0; i < members.size(); ++i) {
-      memberByCode_.try_emplace(
-          GetPropertyValue(PropertyName::identificationCode, members[i].properties),
-          MemberPlace{knownPacks_, i});
+      memberByCode_.try_emplace(Learn(members[i]), MemberPlace{knownPacks_, i});
     }
   }
+  if (knownIndividuals_ == 0) individualByCode_.reserve(individuals_.size());
   for (; knownIndividuals_ < individuals_.size(); ++knownIndividuals_) {
-    individualByCode_.try_emplace(GetPropertyValue(PropertyName::identificationCode,
-                                                   individuals_[knownIndividuals_].properties),
-                                  knownIndividuals_);
+    individualByCode_.try_emplace(Learn(individuals_[knownIndividuals_]), knownIndividuals_);
   }
 }
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -24,8 +25,7 @@ const SupXmlProperties* FindByIdentificationCode(const std::string& code,
 class PackageIndex {
  public:
   PackageIndex(const std::vector<KovuPackEntry>& packs,
-               const std::vector<PackageXmlEntry>& individuals)
-      : packs_(packs), individuals_(individuals) {}
+               const std::vector<PackageXmlEntry>& individuals);
 
   // Points into the lists, until they grow.
   const SupXmlProperties* Find(const std::string& code);
@@ -35,19 +35,27 @@ class PackageIndex {
     std::size_t pack;
     std::size_t member;
   };
-  // How the C library folds each byte; codes are found by property names that are folded so.
-  using FoldTable = std::array<unsigned char, 256>;
+  // How the C library folds a byte that codes are found by.
+  struct Fold {
+    unsigned char byte;
+    int folded;
+  };
 
-  static FoldTable CurrentFolds();
   void Update();
+  bool AreFoldsCurrent() const;
+  void LearnFolds(std::string_view name);
+  // The entry's code; "" if it has none.
+  std::string_view Learn(const PackageXmlEntry& entry);
 
   const std::vector<KovuPackEntry>& packs_;
   const std::vector<PackageXmlEntry>& individuals_;
-  FoldTable folds_{};
+  std::vector<Fold> folds_;  // of every byte in a name that may be the code's
+  std::array<bool, 256> isFoldKnown_{};
   std::size_t knownPacks_ = 0;
   std::size_t knownIndividuals_ = 0;
-  std::unordered_map<std::string, MemberPlace> memberByCode_;
-  std::unordered_map<std::string, std::size_t> individualByCode_;
+  // The codes stand in the entries' values, which do not move when the lists grow.
+  std::unordered_map<std::string_view, MemberPlace> memberByCode_;
+  std::unordered_map<std::string_view, std::size_t> individualByCode_;
 };
 
 }  // namespace Vornik

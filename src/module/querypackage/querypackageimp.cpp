@@ -4,6 +4,7 @@
 #include <boost/filesystem/directory.hpp>
 #include <boost/filesystem/exception.hpp>
 #include <boost/filesystem/operations.hpp>
+#include <boost/system/error_code.hpp>
 #include <chrono>
 #include <cstdlib>
 #include <iostream>
@@ -13,6 +14,7 @@
 
 #include "cimxml.h"
 #include "descriptor_classification.h"
+#include "descriptor_files.h"
 #include "driver_files.h"
 #include "duplicate_rules.h"
 #include "id_rules.h"
@@ -49,6 +51,13 @@ namespace fs = boost::filesystem;
 void HoldLoadForever() {
   const volatile bool held = true;
   while (held) std::this_thread::sleep_for(std::chrono::hours(1));
+}
+
+// A folder's listing tells most kinds itself, so that no file is asked for it.
+std::optional<std::string> BytesOf(const fs::directory_entry& entry) {
+  boost::system::error_code error;
+  const bool isRegular = entry.status(error).type() == fs::regular_file;
+  return isRegular ? ReadKnownRegularFile(entry.path().string()) : std::nullopt;
 }
 
 std::uint32_t StatusOf(bool matched) {
@@ -194,7 +203,7 @@ bool QueryPackageImp::ParseXmlPackageFolder() {
     for (fs::directory_iterator entry(folder), end; entry != end; ++entry) {
       const fs::path& path = entry->path();
       if (path.extension().string() != descriptorExtension) continue;
-      LoadDescriptor(path.string(), path.filename().string());
+      LoadDescriptor(path.string(), path.filename().string(), BytesOf(*entry));
     }
   } catch (const fs::filesystem_error& error) {
     QP_LOG(LogLevel::error, error.what());
@@ -203,36 +212,47 @@ bool QueryPackageImp::ParseXmlPackageFolder() {
   return true;
 }
 
-void QueryPackageImp::LoadDescriptor(const std::string& path, const std::string& fileName) {
-  if (IsKovuXml(path)) {
-    LoadKovuXml(path);
-  } else if (IsIndividualXml(path)) {
-    LoadPackageXml(path);
+void QueryPackageImp::LoadDescriptor(const std::string& path, const std::string& fileName,
+                                     FileBytes bytes) {
+  const DescriptorMarkers markers = MarkersOfBytes(bytes);
+  if (IsKovuXml(path, markers)) {
+    LoadKovuXml(path, std::move(bytes));
+  } else if (IsIndividualXml(path, markers)) {
+    LoadPackageXml(path, std::move(bytes));
   } else {
     QP_LOG(LogLevel::error, fileName << LogText::notValidXml);
   }
 }
 
 bool QueryPackageImp::IsKovuXml(std::string path) {
-  if (!MayNameDescriptor(path)) return false;
-  const bool isKovu = IsKovuText(MarkersOfFile(path));
+  return MayNameDescriptor(path) && IsKovuXml(path, MarkersOfFile(path));
+}
+
+bool QueryPackageImp::IsKovuXml(const std::string& path, const DescriptorMarkers& markers) {
+  const bool isKovu = IsKovuText(markers);
   QP_LOG(LogLevel::progress, path << (isKovu ? LogText::isKovuXml : LogText::isNotKovuXml));
   return isKovu;
 }
 
 bool QueryPackageImp::IsIndividualXml(std::string path) {
-  if (!MayNameDescriptor(path)) return false;
-  const bool isIndividual = IsIndividualText(MarkersOfFile(path));
+  return MayNameDescriptor(path) && IsIndividualXml(path, MarkersOfFile(path));
+}
+
+bool QueryPackageImp::IsIndividualXml(const std::string& path, const DescriptorMarkers& markers) {
+  const bool isIndividual = IsIndividualText(markers);
   QP_LOG(LogLevel::progress,
          path << (isIndividual ? LogText::isIndividualXml : LogText::isNotIndividualXml));
   return isIndividual;
 }
 
 bool QueryPackageImp::LoadPackageXml(std::string path) {
-  if (!MayNameDescriptor(path)) return false;
+  return MayNameDescriptor(path) && LoadPackageXml(path, ReadRegularFile(path));
+}
+
+bool QueryPackageImp::LoadPackageXml(std::string path, FileBytes bytes) {
   QP_LOG(LogLevel::progress, LogText::loadPackage << path);
   CimXmlDocument document;
-  if (document.LoadFile(path, DescriptorKind::Individual).fault != LoadFault::None) {
+  if (document.LoadBytes(std::move(bytes), DescriptorKind::Individual).fault != LoadFault::None) {
     QP_LOG(LogLevel::error, LogText::loadPackageFailed << path);
     return false;
   }
@@ -256,10 +276,13 @@ bool QueryPackageImp::LoadPackageXml(std::string path) {
 }
 
 bool QueryPackageImp::LoadKovuXml(std::string path) {
-  if (!MayNameDescriptor(path)) return false;
+  return MayNameDescriptor(path) && LoadKovuXml(path, ReadRegularFile(path));
+}
+
+bool QueryPackageImp::LoadKovuXml(std::string path, FileBytes bytes) {
   QP_LOG(LogLevel::progress, LogText::loadKovu << path);
   CimXmlDocument document;
-  if (document.LoadFile(path, DescriptorKind::Pack).fault != LoadFault::None) {
+  if (document.LoadBytes(std::move(bytes), DescriptorKind::Pack).fault != LoadFault::None) {
     QP_LOG(LogLevel::error, LogText::loadKovuFailed << path);
     return false;
   }

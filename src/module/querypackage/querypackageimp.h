@@ -4,10 +4,12 @@
 #define VORNIK_QUERYPACKAGE_QUERYPACKAGEIMP_H
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "QueryPackage.h"
+#include "descriptor_markers.h"
 #include "package_lookup.h"
 #include "properties.h"
 
@@ -69,7 +71,15 @@ class QueryPackageImp {
   IQueryPackageCallback* queryCallback = nullptr;  // borrowed
 
  private:
-  void LoadDescriptor(const std::string& path, const std::string& fileName);
+  // What was read of one file; no bytes: it is no regular file, or cannot be read.
+  using FileBytes = std::optional<std::string>;
+
+  // One file of the folder, read once for both questions and the load.
+  void LoadDescriptor(const std::string& path, const std::string& fileName, FileBytes bytes);
+  bool IsKovuXml(const std::string& path, const DescriptorMarkers& markers);
+  bool IsIndividualXml(const std::string& path, const DescriptorMarkers& markers);
+  bool LoadKovuXml(std::string path, FileBytes bytes);
+  bool LoadPackageXml(std::string path, FileBytes bytes);
 
   // The same look-up for a filter, which asks for every record: without a copy, null if there is
   // none, valid until descriptors are loaded.

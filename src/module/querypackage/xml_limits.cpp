@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "byte_count.h"
+
 namespace Vornik {
 
 namespace {
@@ -146,13 +148,24 @@ class XmlWalk {
   XmlWalk(const char* text, const XmlLimits& limits) : text_(text), limits_(limits) {}
 
   XmlOutline Run() {
-    if (StartsWith(text_, "\xEF\xBB\xBF")) LearnEncoding(true);
-    const char* p = SkipSpace(text_);
+    const char* p = Begin();
     while (!IsEnd(p)) p = SkipSpace(Next(p));
     return outline_;
   }
 
+  // For a text that has no declaration but behind its first '<', and cannot go past a limit.
+  XmlOutline RunFirstDeclaration() {
+    const char* p = Begin();
+    if (!IsEnd(p) && StartsWithInAnyCase(p, "<?xml")) Declaration(p);
+    return outline_;
+  }
+
  private:
+  const char* Begin() {
+    if (StartsWith(text_, "\xEF\xBB\xBF")) LearnEncoding(true);
+    return SkipSpace(text_);
+  }
+
   const char* SkipSpace(const char* p) const {
     if (IsEnd(p)) return nullptr;
     for (;;) {
@@ -316,10 +329,25 @@ class XmlWalk {
   XmlOutline outline_;
 };
 
+bool MayHoldLaterDeclaration(std::string_view text) {
+  const std::size_t first = text.find('<');
+  if (first == std::string_view::npos) return false;
+  std::size_t at = text.find('?', first + 2);
+  while (at != std::string_view::npos && text[at - 1] != '<') at = text.find('?', at + 1);
+  return at != std::string_view::npos;
+}
+
 }  // namespace
 
 XmlOutline OutlineXml(const char* text, const XmlLimits& limits) {
   return XmlWalk(text, limits).Run();
+}
+
+XmlOutline OutlineXml(const char* text, std::size_t size, const XmlLimits& limits) {
+  const std::string_view all(text, size);
+  const bool isWalked = CountByte('<', all) > limits.nesting ||
+                        CountByte('=', all) > limits.attributes || MayHoldLaterDeclaration(all);
+  return isWalked ? OutlineXml(text, limits) : XmlWalk(text, limits).RunFirstDeclaration();
 }
 
 bool EndsInsideCharacter(const char* text, std::size_t end) {

@@ -44,6 +44,10 @@ inline constexpr std::size_t xmlTextPadding = 8;
 // proportion to the text and calls nothing recursively.
 XmlOutline OutlineXml(const char* text, const XmlLimits& limits = {});
 
+// The same result for a text whose size is known, its padding included: one that has too few
+// elements and attributes to go past a limit is not walked.
+XmlOutline OutlineXml(const char* text, std::size_t size, const XmlLimits& limits = {});
+
 // Whether the text's first zero byte, which stands at the offset end, lies inside a multi-byte
 // UTF-8 character by its lead byte's word. TinyXML may then go on behind the text's end.
 bool EndsInsideCharacter(const char* text, std::size_t end);

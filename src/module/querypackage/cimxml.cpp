@@ -6,6 +6,7 @@
 #include <climits>
 #include <cstring>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 #include "byte_count.h"
@@ -16,22 +17,22 @@ namespace Vornik {
 
 namespace {
 
-constexpr char propertyElement[] = "PROPERTY";
-constexpr char propertyArrayElement[] = "PROPERTY.ARRAY";
+constexpr std::string_view propertyElement = "PROPERTY";
+constexpr std::string_view propertyArrayElement = "PROPERTY.ARRAY";
 constexpr char valueElement[] = "VALUE";
 constexpr char valueArrayElement[] = "VALUE.ARRAY";
-constexpr char instanceElement[] = "INSTANCE";
+constexpr std::string_view instanceElement = "INSTANCE";
 constexpr char nameAttribute[] = "NAME";
 constexpr char typeAttribute[] = "TYPE";
 constexpr char classNameAttribute[] = "CLASSNAME";
 
-// Names and values are what stands before their first zero byte, so they are read as C strings.
-bool IsNamed(const TiXmlNode& element, const char* name) {
-  return std::strcmp(element.Value(), name) == 0;
+// An element's name holds no zero byte, so its length tells most names apart.
+bool IsNamed(const TiXmlNode& element, std::string_view name) {
+  return element.ValueTStr() == name;
 }
 
 bool IsProperty(const TiXmlNode& node) {
-  return node.ToElement() != nullptr &&
+  return node.Type() == TiXmlNode::TINYXML_ELEMENT &&
          (IsNamed(node, propertyElement) || IsNamed(node, propertyArrayElement));
 }
 
@@ -104,7 +105,8 @@ bool MayGiveTooManyRecords(const std::string& text) {
 // this leaves behind the new end: TinyXML steps onto them where a character reaches over that end.
 // The text has to end with a zero byte. Returns the new end.
 std::size_t NormaliseLineEnds(char* text) {
-  char* to = text + std::strcspn(text, "\r");
+  char* to = std::strchr(text, '\r');
+  if (to == nullptr) return std::strlen(text);
   const char* from = to;
   while (*from != '\0') {
     if (*from != '\r') {

@@ -85,12 +85,14 @@ int QueryPackageImp::RunQuery(Results& results) {
     QP_LOG(LogLevel::progress, LogText::preCallback.end);
   }
 
+  PackageIndex index(kovuPackEntries, packageXmlEntries);
+
   QP_LOG(LogLevel::progress, LogText::duplicate.start);
   FilterDuplicate(results);
   QP_LOG(LogLevel::progress, LogText::duplicate.end);
 
   QP_LOG(LogLevel::progress, LogText::platform.start);
-  FilterPlatform(results);
+  FilterPlatform(results, index);
   QP_LOG(LogLevel::progress, LogText::platform.end);
 
   if (kovuFilter) {
@@ -111,7 +113,7 @@ int QueryPackageImp::RunQuery(Results& results) {
 
   if (payloadExistFilter) {
     QP_LOG(LogLevel::progress, LogText::payloadExist.start);
-    FilterPayloadExist(results);
+    FilterPayloadExist(results, index);
     QP_LOG(LogLevel::progress, LogText::payloadExist.end);
   } else {
     QP_LOG(LogLevel::progress, LogText::payloadExist.ignored);
@@ -119,7 +121,7 @@ int QueryPackageImp::RunQuery(Results& results) {
 
   if (supersedeFilter) {
     QP_LOG(LogLevel::progress, LogText::supersede.start);
-    FilterSupersede(results);
+    FilterSupersede(results, index);
     QP_LOG(LogLevel::progress, LogText::supersede.end);
   } else {
     QP_LOG(LogLevel::progress, LogText::supersede.ignored);
@@ -143,7 +145,7 @@ int QueryPackageImp::RunQuery(Results& results) {
 
   if (!updateTypes.empty()) {
     QP_LOG(LogLevel::progress, LogText::updateType.start);
-    FilterUpdateType(results);
+    FilterUpdateType(results, index);
     QP_LOG(LogLevel::progress, LogText::updateType.end);
   } else {
     QP_LOG(LogLevel::progress, LogText::updateType.ignored);
@@ -411,6 +413,10 @@ void QueryPackageImp::FilterDuplicate(Results& results) {
 
 void QueryPackageImp::FilterPlatform(Results& results) {
   PackageIndex index(kovuPackEntries, packageXmlEntries);
+  FilterPlatform(results, index);
+}
+
+void QueryPackageImp::FilterPlatform(Results& results, PackageIndex& index) {
   for (QueryPackageResult& record : results) {
     const SupXmlProperties* properties = LookUp(index, record.identificationCode);
     if (properties == nullptr) {
@@ -459,6 +465,10 @@ void QueryPackageImp::FilterSep(Results& results) {
 
 void QueryPackageImp::FilterPayloadExist(Results& results) {
   PackageIndex index(kovuPackEntries, packageXmlEntries);
+  FilterPayloadExist(results, index);
+}
+
+void QueryPackageImp::FilterPayloadExist(Results& results, PackageIndex& index) {
   for (QueryPackageResult& record : results) {
     const bool matched = PayloadExists(LookUp(index, record.identificationCode));
     record.payloadExistFilterStatus = StatusOf(matched);
@@ -495,10 +505,14 @@ bool QueryPackageImp::PayloadExists(const SupXmlProperties* properties) {
 }
 
 void QueryPackageImp::FilterSupersede(Results& results) {
+  PackageIndex index(kovuPackEntries, packageXmlEntries);
+  FilterSupersede(results, index);
+}
+
+void QueryPackageImp::FilterSupersede(Results& results, PackageIndex& index) {
   for (QueryPackageResult& record : results) {
     record.supersedeFilterStatus = FilterStatus::Matched;
   }
-  PackageIndex index(kovuPackEntries, packageXmlEntries);
   std::vector<CodeList> lists(results.size());
   for (std::size_t i = 0; i < results.size(); ++i) {
     if (results[i].platformFilterStatus == FilterStatus::NotMatched) continue;
@@ -546,8 +560,12 @@ void QueryPackageImp::FilterExcludeId(Results& results) {
 }
 
 void QueryPackageImp::FilterUpdateType(Results& results) {
-  if (updateTypes.empty()) QP_LOG(LogLevel::error, LogText::updateTypesEmpty);
   PackageIndex index(kovuPackEntries, packageXmlEntries);
+  FilterUpdateType(results, index);
+}
+
+void QueryPackageImp::FilterUpdateType(Results& results, PackageIndex& index) {
+  if (updateTypes.empty()) QP_LOG(LogLevel::error, LogText::updateTypesEmpty);
   for (QueryPackageResult& record : results) {
     const SupXmlProperties* properties = LookUp(index, record.identificationCode);
     if (properties == nullptr) {

@@ -87,6 +87,12 @@ class QueryPackageImp {
 
   bool PayloadExists(const SupXmlProperties* properties);
 
+  // The filters that look packages up, on an index that the filters of one query share.
+  void FilterPlatform(Results& results, PackageIndex& index);
+  void FilterPayloadExist(Results& results, PackageIndex& index);
+  void FilterSupersede(Results& results, PackageIndex& index);
+  void FilterUpdateType(Results& results, PackageIndex& index);
+
   QueryPackageResult CreateResult(const PackageXmlEntry& entry, const std::string& kovuXmlFile,
                                   const std::string& kovuName);
 };

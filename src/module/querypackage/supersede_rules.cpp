@@ -200,10 +200,8 @@ std::vector<std::size_t> RankByVersion(const SupersedeRecords& records, const Re
   return places;
 }
 
-}  // namespace
-
-SupersedeMap MapExplicitLists(const SupersedeRecords& records, const std::vector<CodeList>& lists) {
-  const RecordIndex index(records);
+SupersedeMap MapExplicitLists(const SupersedeRecords& records, const RecordIndex& index,
+                              const std::vector<CodeList>& lists) {
   SupersedeMap map;
   for (std::size_t i = 0; i < lists.size(); ++i) {
     CodeList kept;
@@ -212,6 +210,12 @@ SupersedeMap MapExplicitLists(const SupersedeRecords& records, const std::vector
     if (!kept.empty()) map[records[i].identificationCode] = std::move(kept);
   }
   return map;
+}
+
+}  // namespace
+
+SupersedeMap MapExplicitLists(const SupersedeRecords& records, const std::vector<CodeList>& lists) {
+  return MapExplicitLists(records, RecordIndex(records), lists);
 }
 
 std::vector<CodeList> GroupByDriverFile(const SupersedeRecords& records) {
@@ -260,7 +264,7 @@ void ResolveSupersedence(SupersedeRecords& records, const std::vector<CodeList>&
                          const std::vector<std::string>& excludedIds) {
   for (QueryPackageResult& record : records) record.supersedeFilterStatus = FilterStatus::Matched;
   const RecordIndex index(records);
-  ApplyMap(records, index, MapExplicitLists(records, lists));
+  ApplyMap(records, index, MapExplicitLists(records, index, lists));
   for (const CodeList& group : RankedGroups(records, excludedIds)) {
     ApplyRanking(records, RankByVersion(records, index, group));
   }

@@ -1,5 +1,5 @@
-// Large repositories for benchmarks: drivers in families of versions that share a driver file, each
-// descriptor some 4 KB long.
+// Large repositories for benchmarks: drivers whose versions share a driver file, each descriptor
+// some 4 KB long, and packs that list them again.
 #ifndef VORNIK_BENCHMARKS_REPOSITORY_GENERATOR_H
 #define VORNIK_BENCHMARKS_REPOSITORY_GENERATOR_H
 
@@ -16,14 +16,26 @@ inline constexpr std::size_t packagesPerFamily = 4;
 // The identification code of a package.
 std::string CodeOf(std::size_t number);
 
+// Which packages share a driver file, and how their versions differ.
+enum class DriverShape {
+  Families,        // packagesPerFamily versions of each driver
+  OneAllDistinct,  // all packages deliver one driver, each a version of its own
+  OneAllEqual,     // the same, all of one version
+  OneOfTen,        // the same, with ten versions
+};
+
 // The properties of a package, as reading its descriptor gives them.
-SupXmlProperties PropertiesOf(std::size_t number);
+SupXmlProperties PropertiesOf(std::size_t number, DriverShape shape = DriverShape::Families);
 
 // Its descriptor.
 std::string DescriptorOf(std::size_t number);
 
 // Writes that many descriptors, and a payload for each, into an existing folder.
 void WriteRepository(const std::string& folder, std::size_t packages);
+
+// Writes a pack that holds the packages from first on.
+void WritePack(const std::string& folder, std::size_t pack, std::size_t first,
+               std::size_t packages);
 
 }  // namespace Vornik::Benchmarks
 

@@ -9,7 +9,7 @@ set -euo pipefail
 packages=(g++ cmake ninja-build libboost-filesystem-dev libtinyxml-dev libspdlog-dev libfmt-dev
           libcli11-dev nlohmann-json3-dev)
 if [ "${1:-build}" = test ]; then
-  packages+=(libgtest-dev libgmock-dev libboost-dev libbenchmark-dev gcovr clang-format clang-tidy
+  packages+=(valgrind libgtest-dev libgmock-dev libboost-dev libbenchmark-dev gcovr clang-format clang-tidy
              locales git)
 fi
 

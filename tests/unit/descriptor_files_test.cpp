@@ -20,7 +20,17 @@ using Testing::TempFolder;
 TEST(DescriptorFiles, BytesOfARegularFileAreReadAsTheyAre) {
   const TempFolder folder;
   const std::string cases[] = {
-      "", "a", "a\r\nb\rc\n", "\x1A\0\xFF"s, std::string(64, 'x'), std::string(3'000'000, 'y'),
+      "",
+      "a",
+      "a\r\nb\rc\n",
+      "\x1A\0\xFF"s,
+      std::string(64, 'x'),
+      std::string(3'000'000, 'y'),
+      // Around the parts in which a file is read.
+      std::string(16'383, 'a'),
+      std::string(16'384, 'b'),
+      std::string(16'385, 'c'),
+      std::string(32'768, 'd'),
   };
   for (const std::string& bytes : cases) {
     const std::string path = folder.Write("file", bytes);

@@ -61,6 +61,21 @@ TEST(FoldByGlobalLocale, FollowsAFacetThatOverridesOneOperation) {
   EXPECT_FALSE(EqualByGlobalLocaleFold("A", "a"));
 }
 
+TEST(LocaleFold, FoldsEveryByteAsTheLocaleDoes) {
+  std::string bytes;
+  for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
+  const std::locale locales[] = {std::locale::classic(),
+                                 std::locale(std::locale::classic(), new FoldsOnlyXToY),
+                                 std::locale(std::locale::classic(), new SwapsCase)};
+  for (const std::locale& locale : locales) {
+    const GlobalLocaleGuard guard(locale);
+    EXPECT_EQ(LocaleFold()(bytes), FoldByGlobalLocale(bytes));
+    std::string appended = "X";
+    LocaleFold(locale).Append("Xa", appended);
+    EXPECT_EQ(appended, "X" + FoldByGlobalLocale("Xa"));
+  }
+}
+
 TEST(FoldByGlobalLocale, FollowsAFacetOfBothOperations) {
   const GlobalLocaleGuard guard(std::locale(std::locale::classic(), new SwapsCase));
   EXPECT_EQ(FoldByGlobalLocale("aB1"), "Ab1");

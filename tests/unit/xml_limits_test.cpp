@@ -32,7 +32,14 @@ constexpr auto TooManyAttributes = XmlLimitFault::TooManyAttributes;
 XmlOutline Outline(std::string_view text, const XmlLimits& limits = {}) {
   std::string padded(text);
   padded.append(xmlTextPadding, '\0');
-  return OutlineXml(padded.data(), limits);
+  const XmlOutline walked = OutlineXml(padded.data(), limits);
+  // The way around the walk has to give the same, for every text of these tests.
+  const XmlOutline outline = OutlineXml(padded.data(), padded.size(), limits);
+  EXPECT_EQ(outline.fault, walked.fault) << testing::PrintToString(text.substr(0, 200));
+  EXPECT_EQ(outline.offset, walked.offset) << testing::PrintToString(text.substr(0, 200));
+  EXPECT_EQ(outline.unfinishedDeclaration, walked.unfinishedDeclaration)
+      << testing::PrintToString(text.substr(0, 200));
+  return outline;
 }
 
 std::string Nested(std::size_t depth) {

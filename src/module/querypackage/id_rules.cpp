@@ -1,6 +1,6 @@
 #include "id_rules.h"
 
-#include "letter_case.h"
+#include <numeric>
 
 namespace Vornik {
 
@@ -11,13 +11,25 @@ bool IdSet::Contains(const std::string& code) {
     locale_ = std::locale();
     Fold();
   }
-  return folded_.count(FoldByGlobalLocale(code)) != 0;
+  foldedCode_.clear();
+  fold_.Append(code, foldedCode_);
+  return folded_.count(foldedCode_) != 0;
 }
 
 void IdSet::Fold() {
+  fold_ = LocaleFold(locale_);
   folded_.clear();
+  foldedIds_.clear();
+  // Its characters must not move while views of them are made.
+  foldedIds_.reserve(
+      std::accumulate(ids_.begin(), ids_.end(), std::size_t{0},
+                      [](std::size_t size, const std::string& id) { return size + id.size(); }));
   folded_.reserve(ids_.size());
-  for (const std::string& id : ids_) folded_.insert(FoldByGlobalLocale(id));
+  for (const std::string& id : ids_) {
+    const std::size_t begin = foldedIds_.size();
+    fold_.Append(id, foldedIds_);
+    folded_.insert(std::string_view(foldedIds_).substr(begin));
+  }
 }
 
 }  // namespace Vornik

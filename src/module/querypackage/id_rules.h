@@ -7,8 +7,11 @@
 
 #include <locale>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
+
+#include "letter_case.h"
 
 namespace Vornik {
 
@@ -25,7 +28,10 @@ class IdSet {
 
   const std::vector<std::string>& ids_;
   std::locale locale_;
-  std::unordered_set<std::string> folded_;
+  LocaleFold fold_;
+  std::string foldedIds_;  // one behind the other
+  std::unordered_set<std::string_view> folded_;
+  std::string foldedCode_;
 };
 
 }  // namespace Vornik

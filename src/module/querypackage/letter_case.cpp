@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstddef>
 #include <locale>
 
 namespace Vornik {
@@ -16,6 +17,26 @@ bool EqualByCLibraryFold(std::string_view a, std::string_view b) {
   return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
            return x == y || CLibraryFold(x) == CLibraryFold(y);
          });
+}
+
+LocaleFold::LocaleFold(const std::locale& locale) {
+  const auto& letters = std::use_facet<std::ctype<char>>(locale);
+  for (std::size_t byte = 0; byte < table_.size(); ++byte) {
+    table_[byte] = letters.tolower(static_cast<char>(byte));
+  }
+}
+
+std::string LocaleFold::operator()(std::string_view text) const {
+  std::string folded;
+  Append(text, folded);
+  return folded;
+}
+
+void LocaleFold::Append(std::string_view text, std::string& folded) const {
+  const std::size_t begin = folded.size();
+  folded.append(text);
+  std::transform(text.begin(), text.end(), folded.begin() + static_cast<std::ptrdiff_t>(begin),
+                 [this](char c) { return table_[static_cast<unsigned char>(c)]; });
 }
 
 std::string FoldByGlobalLocale(std::string_view text) {

@@ -8,12 +8,26 @@
 #ifndef VORNIK_QUERYPACKAGE_LETTER_CASE_H
 #define VORNIK_QUERYPACKAGE_LETTER_CASE_H
 
+#include <array>
+#include <locale>
 #include <string>
 #include <string_view>
 
 namespace Vornik {
 
 bool EqualByCLibraryFold(std::string_view a, std::string_view b);
+
+// One locale's fold, each byte asked for once, for many texts.
+class LocaleFold {
+ public:
+  explicit LocaleFold(const std::locale& locale = std::locale());
+
+  std::string operator()(std::string_view text) const;
+  void Append(std::string_view text, std::string& folded) const;
+
+ private:
+  std::array<char, 256> table_{};
+};
 
 std::string FoldByGlobalLocale(std::string_view text);
 bool EqualByGlobalLocaleFold(std::string_view a, std::string_view b);

@@ -26,16 +26,17 @@ class RecordIndex {
   explicit RecordIndex(const SupersedeRecords& records) {
     firstByFoldedCode_.reserve(records.size());
     for (std::size_t i = 0; i < records.size(); ++i) {
-      firstByFoldedCode_.try_emplace(FoldByGlobalLocale(records[i].identificationCode), i);
+      firstByFoldedCode_.try_emplace(fold_(records[i].identificationCode), i);
     }
   }
 
   std::size_t Find(const std::string& code) const {
-    const auto found = firstByFoldedCode_.find(FoldByGlobalLocale(code));
+    const auto found = firstByFoldedCode_.find(fold_(code));
     return found == firstByFoldedCode_.end() ? notFound : found->second;
   }
 
  private:
+  LocaleFold fold_;
   std::unordered_map<std::string, std::size_t> firstByFoldedCode_;
 };
 
@@ -47,13 +48,15 @@ bool TakesPart(const QueryPackageResult& record) {
 class DriverFamilies {
  public:
   explicit DriverFamilies(const SupersedeRecords& records) : familiesOf_(records.size()) {
+    const LocaleFold fold;
     std::unordered_map<std::string, std::size_t> familyByName;
+    familyByName.reserve(records.size());
+    members_.reserve(records.size());
     for (std::size_t i = 0; i < records.size(); ++i) {
       if (!TakesPart(records[i])) continue;
       for (const auto& file : records[i].driverFiles) {
         const std::size_t family =
-            familyByName.try_emplace(FoldByGlobalLocale(file.name), familyByName.size())
-                .first->second;
+            familyByName.try_emplace(fold(file.name), familyByName.size()).first->second;
         if (family == members_.size()) members_.emplace_back();
         if (!members_[family].empty() && members_[family].back() == i) continue;
         members_[family].push_back(i);
@@ -183,13 +186,16 @@ void ApplyRanking(SupersedeRecords& records, const std::vector<std::size_t>& ran
 
 std::vector<std::size_t> RankByVersion(const SupersedeRecords& records, const RecordIndex& index,
                                        const CodeList& group) {
+  const LocaleFold fold;
   std::vector<std::size_t> found;
   std::vector<std::string> versions;
+  found.reserve(group.size());
+  versions.reserve(group.size());
   for (const std::string& code : group) {
     const std::size_t record = index.Find(code);
     if (record == notFound) continue;
     found.push_back(record);
-    versions.push_back(FoldByGlobalLocale(records[record].Version));
+    versions.push_back(fold(records[record].Version));
   }
   if (found.size() < 2) return {};
   std::vector<std::size_t> places(found.size());

@@ -1,0 +1,43 @@
+// The query that the benchmarks run, and repositories on disk for it.
+#ifndef VORNIK_BENCHMARKS_BENCHMARK_QUERY_H
+#define VORNIK_BENCHMARKS_BENCHMARK_QUERY_H
+
+#include <boost/filesystem/path.hpp>
+#include <cstddef>
+#include <string>
+
+#include "querypackageimp.h"
+#include "repository_generator.h"
+
+namespace Vornik::Benchmarks {
+
+// All four switches on, all three lists set.
+void SetUp(QueryPackageImp& query);
+
+// A generated repository in a folder of its own, removed at the end.
+class TemporaryRepository {
+ public:
+  explicit TemporaryRepository(std::size_t packages, std::size_t packs = 0,
+                               std::size_t membersOfAPack = 0);
+  ~TemporaryRepository();
+  TemporaryRepository(const TemporaryRepository&) = delete;
+  TemporaryRepository& operator=(const TemporaryRepository&) = delete;
+
+  std::string Folder() const { return folder_.string(); }
+
+ private:
+  boost::filesystem::path folder_;
+};
+
+// A fresh object and vector, queried. Throws std::runtime_error where the query does not complete.
+std::size_t QueryFolder(const std::string& folder);
+
+// Lists the folder and loads each descriptor with TinyXML as it comes; returns their number.
+std::size_t LoadFolder(const std::string& folder);
+
+// An object that holds these packages as if it had loaded them.
+void Hold(QueryPackageImp& query, std::size_t packages, DriverShape shape = DriverShape::Families);
+
+}  // namespace Vornik::Benchmarks
+
+#endif  // VORNIK_BENCHMARKS_BENCHMARK_QUERY_H

@@ -1,0 +1,305 @@
+// What a query costs, as ratios of two things that are timed in turn, each with the bound that it
+// has to keep. Prints a table, or JSON.
+//
+//   bounds_benchmark [--json] [--size PACKAGES] [--pairs PAIRS] [--row NUMBER]
+//
+// --size takes the place of 10,000 packages, and all other sizes shrink or grow with it.
+#include <LogSettings.h>
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "benchmark_query.h"
+#include "paired_timing.h"
+
+namespace Vornik::Benchmarks {
+namespace {
+
+using Results = QueryPackageImp::Results;
+
+struct Options {
+  std::size_t size = 10'000;
+  std::size_t pairs = 15;
+  std::size_t row = 0;  // 0: all
+  bool json = false;
+};
+
+struct Row {
+  std::string what;
+  double ratio = 0;
+  double bound = 0;
+};
+
+class Bounds {
+ public:
+  Bounds(std::string program, const Options& options)
+      : program_(std::move(program)), options_(options) {}
+
+  std::vector<Row> Run() {
+    const std::function<void()> groups[] = {
+        [this] { QueryAgainstLoading(); }, [this] { GrowthOfQuery(); }, [this] { Packs(); },
+        [this] { GrowthOfFilters(); },     [this] { Supersede(); },     [this] { IdLists(); },
+        [this] { PeakMemory(); },          [this] { Logging(); },       [this] { SecondQuery(); }};
+    std::size_t number = 0;
+    for (const auto& group : groups) {
+      if (++number == options_.row || options_.row == 0) group();
+    }
+    return std::move(rows_);
+  }
+
+ private:
+  void Add(std::string what, double ratio, double bound) {
+    rows_.push_back({std::move(what), ratio, bound});
+  }
+
+  void Add(std::string what, const PairedTimes& times, double bound) {
+    what += fmt::format(" ({:.2f} ms / {:.2f} ms)", times.measured * 1e3, times.reference * 1e3);
+    Add(std::move(what), times.measured / times.reference, bound);
+  }
+
+  template <typename Measured, typename Reference>
+  PairedTimes Time(const Measured& measured, const Reference& reference) const {
+    return TimePairs(options_.pairs, measured, reference);
+  }
+
+  static double TimeQuery(const std::string& folder) {
+    return TimeOf([&folder] { QueryFolder(folder); });
+  }
+
+  static double TimeLoading(const std::string& folder) {
+    return TimeOf([&folder] { LoadFolder(folder); });
+  }
+
+  void QueryAgainstLoading() {
+    const TemporaryRepository repository(options_.size);
+    const std::string folder = repository.Folder();
+    Add("whole query / TinyXML loading the same files",
+        Time([&] { return TimeQuery(folder); }, [&] { return TimeLoading(folder); }), 1.0);
+  }
+
+  void GrowthOfQuery() {
+    const std::size_t few = options_.size / 2;
+    const std::size_t many = few * 20;
+    const TemporaryRepository small(few);
+    const TemporaryRepository large(many);
+    const auto perPackage = [](const TemporaryRepository& repository, std::size_t packages) {
+      return TimeQuery(repository.Folder()) / static_cast<double>(packages);
+    };
+    Add(fmt::format("a package of {} / a package of {}", many, few),
+        Time([&] { return perPackage(large, many); }, [&] { return perPackage(small, few); }),
+        1.15);
+  }
+
+  void Packs() {
+    const TemporaryRepository repository(options_.size, 10, options_.size / 10);
+    const std::string folder = repository.Folder();
+    Add("with 10 packs that list all packages again / loading the same files",
+        Time([&] { return TimeQuery(folder); }, [&] { return TimeLoading(folder); }), 1.1);
+  }
+
+  // One filter on records in memory, from the state in which a query meets it.
+  class FilterRun {
+   public:
+    using Filter = void (QueryPackageImp::*)(Results&);
+
+    explicit FilterRun(std::size_t packages, DriverShape shape = DriverShape::Families) {
+      Hold(query_, packages, shape);
+      query_.CreateQueryPackageResults(built_);
+    }
+
+    double operator()(Filter filter) {
+      Results results = built_;
+      return TimeOf([&] { (query_.*filter)(results); });
+    }
+
+    QueryPackageImp& Query() { return query_; }
+
+   private:
+    QueryPackageImp query_;
+    Results built_;
+  };
+
+  void GrowthOfFilters() {
+    const std::pair<const char*, FilterRun::Filter> filters[] = {
+        {"duplicate", &QueryPackageImp::FilterDuplicate},
+        {"platform", &QueryPackageImp::FilterPlatform},
+        {"kovu", &QueryPackageImp::FilterKovu},
+        {"sep", &QueryPackageImp::FilterSep},
+        {"supersede", &QueryPackageImp::FilterSupersede},
+        {"include ids", &QueryPackageImp::FilterIncludeId},
+        {"exclude ids", &QueryPackageImp::FilterExcludeId},
+        {"update type", &QueryPackageImp::FilterUpdateType}};
+    FilterRun small(options_.size);
+    FilterRun large(options_.size * 10);
+    for (const auto& [name, filter] : filters) {
+      Add(fmt::format("{} filter, ten times the records", name),
+          Time([&, f = filter] { return large(f); }, [&, f = filter] { return small(f); }), 25);
+    }
+  }
+
+  void Supersede() {
+    const std::pair<const char*, DriverShape> shapes[] = {
+        {"distinct versions", DriverShape::OneAllDistinct},
+        {"equal versions", DriverShape::OneAllEqual}};
+    for (const auto& [name, shape] : shapes) {
+      FilterRun run(options_.size * 2, shape);
+      Add(fmt::format("supersede, one driver, {} / duplicate filter", name),
+          Time([&] { return run(&QueryPackageImp::FilterSupersede); },
+               [&] { return run(&QueryPackageImp::FilterDuplicate); }),
+          20);
+    }
+    FilterRun ten(options_.size * 2, DriverShape::OneOfTen);
+    Add("supersede, one driver, ten versions / duplicate filter (no bound)",
+        Time([&] { return ten(&QueryPackageImp::FilterSupersede); },
+             [&] { return ten(&QueryPackageImp::FilterDuplicate); }),
+        0);
+  }
+
+  std::vector<std::string> Ids(std::size_t count) const {
+    std::vector<std::string> ids;
+    for (std::size_t i = 0; i < count; ++i) ids.push_back(CodeOf(i * 3));
+    return ids;
+  }
+
+  void IdLists() {
+    FilterRun run(options_.size * 2);
+    const auto both = [&](std::size_t ids) {
+      run.Query().includePackageIds = run.Query().excludePackageIds = Ids(ids);
+      return run(&QueryPackageImp::FilterIncludeId) + run(&QueryPackageImp::FilterExcludeId);
+    };
+    Add(fmt::format("id filters with {} ids / with 10", options_.size),
+        Time([&] { return both(options_.size); }, [&] { return both(10); }), 1.5);
+  }
+
+  // In a process of its own, whose memory nothing else has used.
+  void PeakMemory() {
+    const TemporaryRepository repository(options_.size);
+    std::size_t text = 0;
+    for (std::size_t i = 0; i < options_.size; ++i) text += DescriptorOf(i).size();
+    const std::string command = fmt::format("'{}' --peak '{}'", program_, repository.Folder());
+    std::FILE* child = popen(command.c_str(), "r");
+    if (child == nullptr) throw std::runtime_error("the child process does not start");
+    unsigned long long kibibytes = 0;
+    const int fields = std::fscanf(child, "%llu", &kibibytes);
+    if (pclose(child) != 0 || fields != 1) throw std::runtime_error("the child process failed");
+    Add("peak memory / bytes of descriptor text",
+        static_cast<double>(kibibytes) * 1024 / static_cast<double>(text), 2.5);
+  }
+
+  void Logging() {
+    const TemporaryRepository repository(options_.size);
+    const std::string folder = repository.Folder();
+    const auto at = [&folder](unsigned int threshold) {
+      SetMinLogLevel(threshold);
+      return TimeQuery(folder);
+    };
+    std::size_t records = 0;
+    LogToFunction([&records](const LogRecord&) { ++records; });
+    const PairedTimes times = Time([&] { return at(3); }, [&] { return at(0); });
+    LogToStandardError();
+    SetMinLogLevel(1);
+    if (records == 0) throw std::runtime_error("nothing was logged");
+    Add("log threshold 3 into a log that counts / threshold 0", times, 1.3);
+  }
+
+  void SecondQuery() {
+    const TemporaryRepository repository(options_.size);
+    std::vector<double> ratios;
+    for (std::size_t i = 0; i < options_.pairs; ++i) {
+      QueryPackageImp query;
+      SetUp(query);
+      query.xmlPackageFolder = repository.Folder();
+      Results results;
+      const double first = TimeOf([&] { query.RunQuery(results); });
+      ratios.push_back(TimeOf([&] { query.RunQuery(results); }) / first);
+    }
+    Add("second query on one object / the first", MedianOf(std::move(ratios)), 2.2);
+  }
+
+  std::string program_;
+  Options options_;
+  std::vector<Row> rows_;
+};
+
+unsigned long long PeakKibibytes() {
+  std::ifstream status("/proc/self/status");
+  std::string line;
+  while (std::getline(status, line)) {
+    unsigned long long kibibytes = 0;
+    if (std::sscanf(line.c_str(), "VmHWM: %llu kB", &kibibytes) == 1) return kibibytes;
+  }
+  throw std::runtime_error("the kernel tells no peak memory");
+}
+
+int PrintPeak(const std::string& folder) {
+  const unsigned long long before = PeakKibibytes();
+  QueryFolder(folder);
+  std::cout << PeakKibibytes() - before << '\n';
+  return EXIT_SUCCESS;
+}
+
+void PrintTable(const std::vector<Row>& rows) {
+  std::cout << fmt::format("{:>8}  {:>6}\n", "ratio", "bound");
+  for (const Row& row : rows) {
+    const std::string bound = row.bound > 0 ? fmt::format("{:.2f}", row.bound) : "";
+    std::cout << fmt::format("{:8.3f}  {:>6}  {}{}\n", row.ratio, bound, row.what,
+                             row.bound > 0 && row.ratio > row.bound ? "  OVER" : "");
+  }
+}
+
+void PrintJson(const std::vector<Row>& rows) {
+  nlohmann::json all = nlohmann::json::array();
+  for (const Row& row : rows) {
+    nlohmann::json one{{"what", row.what}, {"ratio", row.ratio}};
+    if (row.bound > 0) one["bound"] = row.bound;
+    all.push_back(std::move(one));
+  }
+  std::cout << all.dump(2) << '\n';
+}
+
+int Main(int argc, char** argv) {
+  Options options;
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    if (arguments[i] == "--json") {
+      options.json = true;
+      continue;
+    }
+    if (i + 1 == arguments.size()) throw std::invalid_argument(arguments[i]);
+    const std::string& value = arguments[++i];
+    if (arguments[i - 1] == "--peak") return PrintPeak(value);
+    if (arguments[i - 1] == "--size") {
+      options.size = std::stoul(value);
+    } else if (arguments[i - 1] == "--pairs") {
+      options.pairs = std::stoul(value);
+    } else if (arguments[i - 1] == "--row") {
+      options.row = std::stoul(value);
+    } else {
+      throw std::invalid_argument(arguments[i - 1]);
+    }
+  }
+  const std::vector<Row> rows = Bounds(argv[0], options).Run();
+  options.json ? PrintJson(rows) : PrintTable(rows);
+  return EXIT_SUCCESS;
+}
+
+}  // namespace
+}  // namespace Vornik::Benchmarks
+
+int main(int argc, char** argv) {
+  try {
+    return Vornik::Benchmarks::Main(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << "bounds_benchmark: " << error.what() << '\n';
+    return EXIT_FAILURE;
+  }
+}

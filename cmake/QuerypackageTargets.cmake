@@ -20,6 +20,8 @@ function(querypackage_harden target)
       "$<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
   endif()
   if(WIN32)
+    # The static part of the compiler's runtime: the DLL would be one more to ship.
+    target_link_libraries(${target} PRIVATE -l:libssp.a)
     target_link_options(${target} PRIVATE
       LINKER:--dynamicbase,--high-entropy-va,--nxcompat)
   elseif(NOT APPLE)

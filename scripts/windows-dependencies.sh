@@ -25,26 +25,6 @@ key=$({
 } | sha256sum | cut -c1-16)
 ready=$cache/windows-$key
 
-# Downloads sources through apt, with lists of its own: a machine's lists often lack the sources.
-fetch() {
-  local apt=$work/apt file
-  mkdir -p "$apt/sources" "$apt/lists/partial" "$apt/cache/archives/partial"
-  for file in /etc/apt/sources.list.d/*.sources; do
-    [ ! -f "$file" ] || sed 's/^Types:.*/Types: deb-src/' "$file" >"$apt/sources/${file##*/}"
-  done
-  for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
-    [ ! -f "$file" ] || sed -nE 's/^deb(-src)?[[:space:]]+/deb-src /p' "$file" \
-      >"$apt/sources/${file##*/}"
-    # apt reads no other endings.
-    [ ! -f "$apt/sources/sources.list" ] || mv "$apt/sources/sources.list" "$apt/sources/main.list"
-  done
-  local options=(-q -o Dir::Etc::sourcelist=/dev/null -o "Dir::Etc::sourceparts=$apt/sources"
-                 -o "Dir::State::lists=$apt/lists" -o "Dir::Cache=$apt/cache"
-                 -o APT::Sandbox::User=root)
-  apt-get "${options[@]}" update
-  (cd "$work" && apt-get "${options[@]}" source --download-only "$@")
-}
-
 unpack() {
   # Boost is large, and needed is one folder of it; Debian's patches do not concern Windows.
   mkdir "$work/boost"
@@ -78,7 +58,7 @@ mkdir -p "$cache"
   echo "building the libraries for Windows: $boost $tinyxml $benchmark"
   work=$(mktemp -d "$cache/windows-building.XXXXXX")
   trap 'rm -rf "$work"' EXIT
-  fetch "$boost" "$tinyxml" "$benchmark"
+  scripts/debian-sources.sh "$work" "$boost" "$tinyxml" "$benchmark"
   unpack
   link_headers
   build

@@ -3,7 +3,11 @@
 #
 #   cmake -D source=... -D build=... -D options=... -D "program=..." -D "arguments=..."
 #         -D "expected=<regular expression>" [-D "arguments2=..." -D "expected2=..."]
-#         -D generator=... [-D "installFrom=<build folder>"] -P RunProject.cmake
+#         -D generator=... [-D "installFrom=<build folder>"]
+#         [-D "emulator=<command>"] [-D "dlls=<folder>"] -P RunProject.cmake
+#
+# dlls: on Windows, where a program knows no folder of libraries but its own and the search path,
+# the folder that the search path gets beside the installed package's.
 file(REMOVE_RECURSE "${build}")
 
 function(run)
@@ -17,12 +21,22 @@ endfunction()
 if(installFrom)
   run("${CMAKE_COMMAND}" --install "${installFrom}" --prefix "${build}/prefix")
   list(APPEND options "-DCMAKE_PREFIX_PATH=${build}/prefix")
+  if(emulator)
+    # A cross-build looks nowhere else.
+    list(APPEND options "-DCMAKE_FIND_ROOT_PATH=${build}/prefix")
+  endif()
 endif()
 run("${CMAKE_COMMAND}" -G "${generator}" -S "${source}" -B "${build}/out" ${options})
 run("${CMAKE_COMMAND}" --build "${build}/out")
 
+if(dlls AND emulator)
+  set(ENV{WINEPATH} "${build}/prefix/bin;${dlls}")
+elseif(dlls)
+  set(ENV{PATH} "${build}/prefix/bin;${dlls};$ENV{PATH}")
+endif()
+
 function(check arguments expected)
-  run("${build}/out/${program}" ${arguments})
+  run(${emulator} "${build}/out/${program}" ${arguments})
   message("${out}")
   if(NOT out MATCHES "${expected}")
     message(FATAL_ERROR "${program} ${arguments}: printed nothing that matches: ${expected}")

@@ -49,6 +49,13 @@ Descriptor PackItself(const std::string& fileName, const std::string& version) {
       .Set("applicableOperatingSystems", {"0"});
 }
 
+std::string InLogLine(std::string text) {
+  for (std::size_t at = 0; (at = text.find('\\', at)) != std::string::npos; at += 2) {
+    text.insert(at, 1, '\\');
+  }
+  return text;
+}
+
 std::vector<std::string> CodesOf(const Json& document) {
   std::vector<std::string> codes;
   for (const Json& record : document.at("records")) {

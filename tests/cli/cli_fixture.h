@@ -40,6 +40,9 @@ Descriptor Package(const std::string& code);
 // A pack's own instance, applicable to machine type 1234 under any system.
 Descriptor PackItself(const std::string& fileName, const std::string& version = "1");
 
+// A text without control bytes as a line of the log holds it.
+std::string InLogLine(std::string text);
+
 // The codes of a document's records, in order.
 std::vector<std::string> CodesOf(const Json& document);
 

@@ -50,7 +50,7 @@ TEST_F(ExitStatusTest, RefusedParametersEndWith2AndTheEchoOnALineOfStandardOutpu
     EXPECT_EQ(outcome.out, refusal.echo + "\n");
     const auto lines = LinesOf(outcome.err);
     ASSERT_EQ(lines.size(), 2U) << outcome.err;
-    EXPECT_THAT(lines[0], EndsWith(": " + refusal.echo)) << "the log record";
+    EXPECT_THAT(lines[0], EndsWith(": " + InLogLine(refusal.echo))) << "the log record";
     EXPECT_THAT(lines[1], StartsWith("querypackage-cli: the query was refused: give "));
     EXPECT_THAT(lines[1], HasSubstr(refusal.advice));
   }

@@ -215,7 +215,7 @@ TEST_F(ExplainAbsenceTest, NameOfADescriptorWithAnotherCodeIsExplained) {
 TEST_F(ExplainAbsenceTest, AllReasonsAreGiven) {
   WritePackage("other");
   folder.Write("a.xml", Truncated(Package("a")));
-  folder.Write("a.XML", Package("a").Individual());
+  folder.Write("old.XML", Package("a").Individual());
   folder.Write("p.xml",
                Pack({PackItself("p.xml").Set("applicableMachineTypes", {"5678"}), Member("a")}));
   EXPECT_THAT(ReasonsOf(ExplainJson("a")["absence"]),

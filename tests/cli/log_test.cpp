@@ -74,7 +74,7 @@ TEST_F(LogTest, WhatToDoGoesToStandardErrorEvenWithAFile) {
   ASSERT_EQ(LinesOf(outcome.err).size(), 1U);
   EXPECT_THAT(outcome.err, testing::StartsWith("querypackage-cli: "));
   EXPECT_THAT(ReadFile(logs.Path() + "/query.log"),
-              HasSubstr("There is not any valid xml package in " + folder.Path()));
+              HasSubstr("There is not any valid xml package in " + InLogLine(folder.Path())));
 }
 
 #ifdef __linux__

@@ -9,6 +9,7 @@
 #include <sstream>
 #include <thread>
 
+#include "program_arguments.h"
 #include "temp_folder.h"
 
 namespace Vornik::Testing {
@@ -48,7 +49,7 @@ Outcome RunProgram(const std::string& program, const Arguments& arguments,
   TempFolder folder;
   const std::string out = folder.Write("out", "");
   const std::string err = folder.Write("err", "");
-  bp::child child(bp::exe = program, bp::args = arguments, EnvironmentWith(variables),
+  bp::child child(ProgramAndArguments(program, arguments), EnvironmentWith(variables),
                   bp::std_in<bp::null, bp::std_out> out, bp::std_err > err);
   if (!EndsWithin(child, std::chrono::seconds(60))) {
     child.terminate();

@@ -53,7 +53,7 @@ TEST_F(LogProcess, ThatAbortsLeavesItsLastRecordOnStandardError) {
   EXPECT_NE(Run("abort", "stderr"), 0);
   const std::string written = ReadFile(StandardError());
   // The shell may add a line of its own on how the process ended.
-  const std::string line = written.substr(0, written.find('\n'));
+  const std::string line = written.substr(0, written.find_first_of("\r\n"));
   EXPECT_EQ(ParseLine(line), (Received{1, "src/a.cpp", 7, "the reason"}));
 }
 

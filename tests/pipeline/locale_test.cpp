@@ -36,24 +36,24 @@ class LocaleTest : public QueryTest {
 
 TEST_F(LocaleTest, IdListsFollowTheGlobalLocaleOfTheFilter) {
   WriteIndividual("X.xml");
-  WriteIndividual("b.xml");
-  imp.includePackageIds = {"y", "B"};
+  WriteIndividual("z.xml");
+  imp.includePackageIds = {"y", "Z"};
   ChangesTheLocale callback(FoldOnlyXToY);
   imp.queryCallback = &callback;
   ASSERT_EQ(Run(), QueryCode::Completed);
-  ASSERT_EQ(Codes(), (Lines{"X", "b"}));
+  ASSERT_EQ(Codes(), (Lines{"X", "z"}));
   EXPECT_EQ(results[0].includeIdFilterStatus, FilterStatus::Matched);
   EXPECT_EQ(results[1].includeIdFilterStatus, FilterStatus::NotMatched);
 }
 
 TEST_F(LocaleTest, SupersedeListsFollowTheGlobalLocaleOfTheFilter) {
   WriteIndividual("X.xml");
-  WriteIndividual("b.xml", Descriptor().Set("supersede", {"y"}));
+  WriteIndividual("z.xml", Descriptor().Set("supersede", {"y"}));
   ChangesTheLocale callback(FoldOnlyXToY);
   imp.queryCallback = &callback;
   ASSERT_EQ(Run(), QueryCode::Completed);
-  ASSERT_EQ(Codes(), (Lines{"X", "b"}));
-  EXPECT_EQ(results[0].supersededById, "b");
+  ASSERT_EQ(Codes(), (Lines{"X", "z"}));
+  EXPECT_EQ(results[0].supersededById, "z");
 }
 
 TEST_F(LocaleTest, PropertyNamesDoNotFollowTheGlobalLocale) {

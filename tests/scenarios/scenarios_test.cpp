@@ -97,7 +97,7 @@ Query ReadQuery(const fs::path& scenario, QueryPackageImp& imp) {
     const std::string value = blank == std::string::npos ? "" : line.substr(blank + 1);
     Apply(line.substr(0, blank), value, scenario, query, imp);
   }
-  imp.xmlPackageFolder = query.folder.string();
+  imp.xmlPackageFolder = query.folder.make_preferred().string();
   return query;
 }
 
@@ -150,24 +150,21 @@ class Report {
   std::string Text() const { return out_.str(); }
 
  private:
-  // The same on every machine: the folder by a word, line feeds visible, one kind of separator.
+  // The same on every machine: the folder by a word, line feeds visible, and slashes in the paths
+  // that stand in the folder.
   std::string Neutral(std::string text) const {
+    const std::string word = "{folder}";
     for (std::size_t at = 0; (at = text.find(folder_, at)) != std::string::npos;) {
-      text.replace(at, folder_.size(), "{folder}");
-    }
-    std::string neutral;
-    for (const char c : text) {
-      if (c == '\n') {
-        neutral += "\\n";
+      text.replace(at, folder_.size(), word);
+      at += word.size();
 #ifdef _WIN32
-      } else if (c == '\\') {
-        neutral += '/';
+      std::replace(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(), '\\', '/');
 #endif
-      } else {
-        neutral += c;
-      }
     }
-    return neutral;
+    for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos;) {
+      text.replace(at, 1, "\\n");
+    }
+    return text;
   }
 
   std::string folder_;

@@ -5,6 +5,8 @@
 #include <istream>
 #include <thread>
 
+#include "program_arguments.h"
+
 #ifdef _WIN32
 #include <windows.h>
 #else
@@ -71,7 +73,7 @@ std::vector<std::string> ReadLines(std::istream& in) {
 ChildOutcome RunChild(const std::string& program, const std::vector<std::string>& arguments,
                       std::chrono::milliseconds limit) {
   bp::ipstream out;
-  bp::child child(bp::exe = program, bp::args = arguments, bp::std_out > out,
+  bp::child child(ProgramAndArguments(program, arguments), bp::std_out > out,
                   bp::std_err > bp::null);
   auto reading = std::async(std::launch::async, [&out] { return ReadLines(out); });
 

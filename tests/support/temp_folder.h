@@ -26,7 +26,7 @@ class TempFolder {
   // Writes a file of these bytes, in place of one of that name, and returns its full path. The
   // folder of a name with separators has to exist. Throws std::runtime_error on failure.
   std::string Write(const std::string& name, std::string_view bytes) const {
-    std::string path = (boost::filesystem::path(path_) / name).string();
+    std::string path = (boost::filesystem::path(path_) / name).make_preferred().string();
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "wb"),
                                                          &std::fclose);
     const bool written =
@@ -39,10 +39,10 @@ class TempFolder {
 
  private:
   static std::string MakeFolder() {
-    const auto folder = boost::filesystem::canonical(boost::filesystem::temp_directory_path()) /
-                        boost::filesystem::unique_path("querypackage-%%%%%%%%%%%%%%%%");
+    auto folder = boost::filesystem::canonical(boost::filesystem::temp_directory_path()) /
+                  boost::filesystem::unique_path("querypackage-%%%%%%%%%%%%%%%%");
     boost::filesystem::create_directory(folder);
-    return folder.string();
+    return folder.make_preferred().string();
   }
 
   std::string path_;

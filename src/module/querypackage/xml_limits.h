@@ -13,6 +13,7 @@
 #define VORNIK_QUERYPACKAGE_XML_LIMITS_H
 
 #include <cstddef>
+#include <vector>
 
 namespace Vornik {
 
@@ -43,6 +44,15 @@ inline constexpr std::size_t xmlTextPadding = 8;
 // text ends with xmlTextPadding zero bytes, with line ends already normalised. Takes time in
 // proportion to the text and calls nothing recursively.
 XmlOutline OutlineXml(const char* text, const XmlLimits& limits = {});
+
+struct LostAmpersandOffsets {
+  std::vector<std::size_t> offsets;  // of the first ones
+  std::size_t count = 0;
+};
+
+// The ampersands that begin no reference and that TinyXML drops, in the same walk. At most so many
+// offsets are kept.
+LostAmpersandOffsets OutlineLostAmpersands(const char* text, std::size_t most);
 
 // Whether the text's first zero byte, which stands at the offset end, lies inside a multi-byte
 // UTF-8 character by its lead byte's word. TinyXML may then go on behind the text's end.

@@ -51,7 +51,7 @@ void CheckRepeatsEverywhere(const LintFolder& folder, LintReport& report) {
   for (const LintPack& pack : folder.packs) {
     Rivals members;
     for (std::size_t i = 0; i < pack.members.size(); ++i) {
-      if (pack.IsPackage(i)) members.push_back(&pack.members[i]);
+      if (pack.isPackage[i]) members.push_back(&pack.members[i]);
     }
     CheckRepeats(members, report);
   }

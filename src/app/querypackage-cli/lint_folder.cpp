@@ -43,6 +43,19 @@ std::vector<Entry> ListDescriptors(LintFolder& folder) {
   return entries;
 }
 
+// See LintPack::isPackage.
+std::vector<bool> PackagesAmong(const LintPack& pack) {
+  std::vector<bool> isPackage(pack.members.size(), true);
+  bool hasNamed = false;
+  for (std::size_t i = 0; i < pack.ownInstances; ++i) {
+    if (pack.members[i].Value(PropertyName::xmlFilename) != pack.file) continue;
+    isPackage[i] = false;
+    hasNamed = true;
+  }
+  if (!hasNamed && pack.ownInstances != 0) isPackage.front() = false;
+  return isPackage;
+}
+
 // The members in the order in which the library keeps them; see pack_members.h.
 LintPack PackOf(const Entry& entry, std::vector<LintPackage> instances) {
   LintPack pack;
@@ -54,6 +67,7 @@ LintPack PackOf(const Entry& entry, std::vector<LintPackage> instances) {
   pack.ownInstances = static_cast<std::size_t>(others - instances.begin());
   std::reverse(instances.begin(), others);
   pack.members = std::move(instances);
+  pack.isPackage = PackagesAmong(pack);
   return pack;
 }
 
@@ -118,7 +132,7 @@ std::vector<const LintPackage*> AllPackages(const LintFolder& folder) {
   std::vector<const LintPackage*> packages;
   for (const LintPack& pack : folder.packs) {
     for (std::size_t i = 0; i < pack.members.size(); ++i) {
-      if (pack.IsPackage(i)) packages.push_back(&pack.members[i]);
+      if (pack.isPackage[i]) packages.push_back(&pack.members[i]);
     }
   }
   for (const LintPackage& package : folder.individuals) packages.push_back(&package);

@@ -19,9 +19,10 @@ struct LintPack {
   std::vector<LintPackage> members;  // in the library's order: own instances first
   std::size_t ownInstances = 0;
 
-  // Whether a member is meant to be a package: all but the pack's first own instance. The first
-  // member of a pack without one is lost, but meant.
-  bool IsPackage(std::size_t member) const { return member != 0 || ownInstances == 0; }
+  // For each member whether it is meant to be a package, whatever the library makes of it: the
+  // first member of a pack without an own instance is lost, and an instance without a name beside
+  // the pack's own is taken for the pack.
+  std::vector<bool> isPackage;
 };
 
 struct LintFolder {

@@ -143,7 +143,7 @@ void CheckInstanceOfPack(const LintPack& pack, std::size_t member, LintReport& r
   const LintPackage& instance = pack.members[member];
   PropertyChecks checks(instance, report);
   checks.Need(neededByInstances);
-  if (!pack.IsPackage(member)) {
+  if (!pack.isPackage[member]) {
     checks.NeedVersion("the pack displaces no other one");
     checks.CheckForm();
     return;

@@ -82,6 +82,15 @@ std::string Printable(std::string_view text) {
   return out;
 }
 
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t length = ReadCharacter(text).length;
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
 std::size_t CharacterCount(std::string_view printable) {
   return static_cast<std::size_t>(std::count_if(printable.begin(), printable.end(),
                                                 [](char byte) { return !IsContinuation(byte); }));

@@ -18,6 +18,9 @@ namespace Vornik::Cli {
 //   "\xC2\x9B"     =>  "\\xC2\\x9B"
 std::string Printable(std::string_view text);
 
+// Whether the text is valid UTF-8 throughout.
+bool IsUtf8(std::string_view text);
+
 // Number of characters in a text that Printable made.
 std::size_t CharacterCount(std::string_view printable);
 

@@ -20,9 +20,6 @@ namespace Vornik::Cli {
 
 namespace {
 
-// Exit status: nothing in the folder is known by the id.
-constexpr int unknownPackage = 1;
-
 struct ExplainOptions {
   QuerySettings query;
   std::string package;
@@ -63,7 +60,7 @@ int StatusOf(const Explanation& explanation) {
     return Fail(code, Advice(code, explanation.query));
   }
   if (IsKnown(explanation)) return ExitStatus::success;
-  return Fail(unknownPackage,
+  return Fail(ExitStatus::negative,
               fmt::format("nothing in the folder is known as \"{}\": check the spelling; "
                           "\"querypackage-cli query\" lists the packages",
                           explanation.packageId));

@@ -9,6 +9,7 @@
 #include "QueryPackage.h"
 #include "exit_status.h"
 #include "explain_command.h"
+#include "lint_command.h"
 #include "query_command.h"
 
 namespace Vornik::Cli {
@@ -16,8 +17,9 @@ namespace Vornik::Cli {
 namespace {
 
 constexpr const char* closingHelp = R"(Exit status:
-  0   The query ran: the verdicts are printed. explain: the package is explained.
-  1   explain: nothing in the folder is known by the id.
+  0   The query ran: the verdicts are printed. explain: the package is explained. lint: no
+      finding is severe enough to fail on.
+  1   explain: nothing in the folder is known by the id. lint: there are findings to fail on.
   2   The query was refused: FOLDER is no folder, the machine type is not four digits, the
       operating system or the architecture is 0, or an id is both included and excluded.
   3   The folder could not be read to its end.
@@ -34,7 +36,8 @@ The output is coloured on a terminal, unless NO_COLOR is set to a text that is n
 
 Example:
   querypackage-cli query packages --machine-type 1234 --os 10 --arch 9 --update-type 1
-  querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 --package orx_drv_a)";
+  querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 --package orx_drv_a
+  querypackage-cli lint packages --fail-on warning)";
 
 int Help(const CLI::App& app) {
   std::cout << app.help("", CLI::AppFormatMode::All) << std::flush;
@@ -57,6 +60,7 @@ int Run(int argc, char** argv) {
   std::function<int()> chosen;
   AddQueryCommand(app, chosen);
   AddExplainCommand(app, chosen);
+  AddLintCommand(app, chosen);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {

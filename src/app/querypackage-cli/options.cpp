@@ -42,20 +42,6 @@ void AddCode(CLI::App& command, const std::string& name, Code& code, const std::
       ->required();
 }
 
-// An option that takes one value each time it is given. The values are taken one by one as they
-// stand: read as a list, the value "{}" would be an empty one.
-template <typename Take>
-void AddRepeated(CLI::App& command, const std::string& name, const std::string& typeName, Take take,
-                 const std::string& help) {
-  command
-      .add_option(
-          name, [](const CLI::results_t&) { return true; }, help)
-      ->each(take)
-      ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-      ->type_name(typeName);
-}
-
 void AddIds(CLI::App& command, const std::string& name, std::vector<std::string>& ids,
             const std::string& help) {
   AddRepeated(
@@ -69,8 +55,8 @@ void AddSwitch(CLI::App& command, const std::string& name, bool& filter, const s
 
 }  // namespace
 
-void AddFolder(CLI::App& command, std::string& folder) {
-  command.add_option("FOLDER", folder, "Folder of the package descriptors and payloads")
+CLI::Option* AddFolder(CLI::App& command, std::string& folder) {
+  return command.add_option("FOLDER", folder, "Folder of the package descriptors and payloads")
       ->type_name("")
       ->required();
 }
@@ -121,6 +107,17 @@ void AddPackage(CLI::App& command, std::string& package) {
       ->expected(1)
       ->required()
       ->type_name("ID");
+}
+
+void AddRepeated(CLI::App& command, const std::string& name, const std::string& typeName,
+                 const std::function<void(const std::string&)>& take, const std::string& help) {
+  command
+      .add_option(
+          name, [](const CLI::results_t&) { return true; }, help)
+      ->each(take)
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+      ->type_name(typeName);
 }
 
 void AddFormat(CLI::App& command, Format& format) {

@@ -3,6 +3,7 @@
 #ifndef VORNIK_CLI_OPTIONS_H
 #define VORNIK_CLI_OPTIONS_H
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,7 +11,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 namespace Vornik::Cli {
 
@@ -37,13 +39,19 @@ struct LogOptions {
   bool toFile = false;  // otherwise to standard error
 };
 
-void AddFolder(CLI::App& command, std::string& folder);
+// Required, unless the caller says otherwise.
+CLI::Option* AddFolder(CLI::App& command, std::string& folder);
 
 // The folder included.
 void AddQuerySettings(CLI::App& command, QuerySettings& settings);
 
 // The one package that is asked about.
 void AddPackage(CLI::App& command, std::string& package);
+
+// An option that takes one value each time it is given. The values are taken one by one as they
+// stand: read as a list, the value "{}" would be an empty one.
+void AddRepeated(CLI::App& command, const std::string& name, const std::string& typeName,
+                 const std::function<void(const std::string&)>& take, const std::string& help);
 
 void AddFormat(CLI::App& command, Format& format);
 void AddLogOptions(CLI::App& command, LogOptions& log);

@@ -12,21 +12,38 @@ namespace Vornik::Cli {
 namespace {
 
 constexpr std::size_t mostListed = 12;
+constexpr std::size_t mostQuoted = 80;  // bytes
 
-}  // namespace
+bool ContinuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
-std::string Quoted(const std::string& text) { return '"' + text + '"'; }
-
-std::string QuotedList(const std::vector<std::string>& texts) {
+template <typename Quote>
+std::string ListOf(const std::vector<std::string>& texts, Quote quote) {
   if (texts.empty()) return "nothing";
   std::string list;
   const std::size_t shown = std::min(texts.size(), mostListed);
   for (std::size_t i = 0; i < shown; ++i) {
     if (i != 0) list += ", ";
-    list += Quoted(texts[i]);
+    list += quote(texts[i]);
   }
   if (shown < texts.size()) list += fmt::format(" and {} more", texts.size() - shown);
   return list;
+}
+
+}  // namespace
+
+std::string Quoted(const std::string& text) { return '"' + text + '"'; }
+
+std::string QuotedBriefly(const std::string& text) {
+  if (text.size() <= mostQuoted) return Quoted(text);
+  std::size_t end = mostQuoted;
+  while (end > mostQuoted - 3 && ContinuesCharacter(text[end])) --end;
+  return Quoted(text.substr(0, end) + "...");
+}
+
+std::string QuotedList(const std::vector<std::string>& texts) { return ListOf(texts, Quoted); }
+
+std::string BriefList(const std::vector<std::string>& texts) {
+  return ListOf(texts, QuotedBriefly);
 }
 
 std::string AsCompared(const std::string& version) {

@@ -11,8 +11,14 @@ namespace Vornik::Cli {
 // "abc"
 std::string Quoted(const std::string& text);
 
+// The same for a text of any length: of a long one the beginning, and "...".
+std::string QuotedBriefly(const std::string& text);
+
 // "a", "b"; of a long list the first ones and how many more there are; "nothing" for none.
 std::string QuotedList(const std::vector<std::string>& texts);
+
+// The same with each text quoted briefly.
+std::string BriefList(const std::vector<std::string>& texts);
 
 // A version with the text that it is compared as, where folding changes it.
 //

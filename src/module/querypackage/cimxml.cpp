@@ -144,16 +144,12 @@ std::string ReasonOf(LoadFault fault) {
 
 LoadOutcome OutcomeOf(LoadFault fault) { return {fault, ReasonOf(fault), 0, 0}; }
 
-bool BeginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
-
 LoadOutcome LimitOutcome(const XmlOutline& outline, const char* text) {
   const bool deep = outline.fault == XmlLimitFault::NestedTooDeep;
   LoadOutcome outcome = OutcomeOf(deep ? LoadFault::NestedTooDeep : LoadFault::TooManyAttributes);
-  const char* end = text + outline.offset;
-  const char* line = end;
-  while (line != text && line[-1] != '\n') --line;
-  outcome.line = static_cast<int>(std::count(text, end, '\n')) + 1;
-  outcome.column = static_cast<int>(std::count_if(line, end, BeginsCharacter)) + 1;
+  const TextPosition position = TextPositions({text, outline.offset}).Of(outline.offset);
+  outcome.line = position.line;
+  outcome.column = position.column;
   return outcome;
 }
 
@@ -178,17 +174,24 @@ void AppendTexts(const TiXmlElement& value, std::vector<std::string>& texts) {
   }
 }
 
-void AppendValues(const TiXmlElement& parent, std::vector<std::string>& values) {
+template <typename Visit>
+void VisitValues(const TiXmlElement& parent, Visit visit) {
   for (const TiXmlElement* value = parent.FirstChildElement(valueElement); value != nullptr;
        value = value->NextSiblingElement(valueElement)) {
-    AppendTexts(*value, values);
+    visit(*value);
   }
 }
 
-void AppendArrayValues(const TiXmlElement& property, std::vector<std::string>& values) {
+// The VALUE elements that count, in document order.
+template <typename Visit>
+void VisitValuesOfProperty(const TiXmlElement& property, Visit visit) {
+  if (IsNamed(property, propertyElement)) {
+    VisitValues(property, visit);
+    return;
+  }
   for (const TiXmlElement* array = property.FirstChildElement(valueArrayElement); array != nullptr;
        array = array->NextSiblingElement(valueArrayElement)) {
-    AppendValues(*array, values);
+    VisitValues(*array, visit);
   }
 }
 
@@ -203,11 +206,8 @@ void ReadAttributes(const TiXmlElement& element, SupXmlProperty& property) {
 void AppendProperty(const TiXmlElement& element, SupXmlProperties& properties) {
   SupXmlProperty& property = properties.emplace_back();
   ReadAttributes(element, property);
-  if (IsNamed(element, propertyElement)) {
-    AppendValues(element, property.values);
-  } else {
-    AppendArrayValues(element, property.values);
-  }
+  VisitValuesOfProperty(
+      element, [&property](const TiXmlElement& value) { AppendTexts(value, property.values); });
 }
 
 }  // namespace
@@ -277,6 +277,44 @@ const TiXmlNode* CollectInstances(const TiXmlNode* node, std::vector<const TiXml
     if (kind == InstanceKind::Collected) instances.push_back(next);
   }
   return nullptr;
+}
+
+void CollectMisfits(const TiXmlNode* node, std::vector<const TiXmlNode*>& misfits) {
+  for (const TiXmlNode* next = node; next != nullptr; next = NextBelow(next, node)) {
+    if (KindOf(*next) == InstanceKind::Misfit) misfits.push_back(next);
+  }
+}
+
+const TiXmlNode* EnclosingInstance(const TiXmlNode& node) {
+  const TiXmlNode* parent = node.Parent();
+  while (parent != nullptr && KindOf(*parent) != InstanceKind::Collected) parent = parent->Parent();
+  return parent;
+}
+
+XmlAttribute FirstAttributeOf(const TiXmlNode& node) {
+  const TiXmlElement* element = node.ToElement();
+  const TiXmlAttribute* first = element == nullptr ? nullptr : element->FirstAttribute();
+  return first == nullptr ? XmlAttribute() : XmlAttribute{first->Name(), first->Value()};
+}
+
+void CollectValues(const TiXmlNode& property, std::vector<ValueElement>& values) {
+  if (!IsProperty(property)) return;
+  VisitValuesOfProperty(*property.ToElement(), [&values](const TiXmlElement& value) {
+    std::vector<std::string> texts;
+    AppendTexts(value, texts);
+    values.push_back({&value, texts.size()});
+  });
+}
+
+LostAmpersands FindLostAmpersands(std::string bytes, std::size_t most) {
+  bytes.append(xmlTextPadding, '\0');
+  const std::size_t end = NormaliseLineEnds(bytes.data());
+  const LostAmpersandOffsets lost = OutlineLostAmpersands(bytes.data(), most);
+  LostAmpersands found;
+  found.count = lost.count;
+  TextPositions positions(std::string_view(bytes).substr(0, end));
+  for (const std::size_t offset : lost.offsets) found.first.push_back(positions.Of(offset));
+  return found;
 }
 
 int LineOf(const TiXmlNode& node) {

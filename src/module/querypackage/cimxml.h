@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "properties.h"
+#include "text_position.h"
 
 class TiXmlDocument;
 class TiXmlNode;
@@ -85,6 +86,40 @@ void CollectProperties(const TiXmlNode* node, std::vector<const TiXmlNode*>& ele
 // Stops at, and returns, the first INSTANCE whose first attribute has another name; otherwise null.
 // One without attributes is passed over. Null node: none.
 const TiXmlNode* CollectInstances(const TiXmlNode* node, std::vector<const TiXmlNode*>& instances);
+
+// What follows is for tools that name places; a query asks none of it.
+
+// Appends every INSTANCE at or below node whose first attribute is not CLASSNAME.
+void CollectMisfits(const TiXmlNode* node, std::vector<const TiXmlNode*>& misfits);
+
+// The nearest INSTANCE around the node that CollectInstances would give; null if there is none.
+const TiXmlNode* EnclosingInstance(const TiXmlNode& node);
+
+struct XmlAttribute {
+  std::string name;
+  std::string value;
+};
+
+// Two empty texts for a node without attributes.
+XmlAttribute FirstAttributeOf(const TiXmlNode& node);
+
+struct ValueElement {
+  const TiXmlNode* node;
+  std::size_t texts;  // values that it gives: one, none where it is empty, more where it is split
+};
+
+// Appends the VALUE elements that ReadProperties takes the values of a PROPERTY or PROPERTY.ARRAY
+// from, in the order of the values.
+void CollectValues(const TiXmlNode& property, std::vector<ValueElement>& values);
+
+struct LostAmpersands {
+  std::vector<TextPosition> first;
+  std::size_t count = 0;
+};
+
+// Where an ampersand stands in a document's bytes that begins no reference and is dropped; the
+// first ones alone have a place. Only what TinyXML reads counts: not comments, not CDATA.
+LostAmpersands FindLostAmpersands(std::string bytes, std::size_t most);
 
 // Where the node begins, counted from 1, a tab as one column; 0 where positions are not tracked.
 int LineOf(const TiXmlNode& node);

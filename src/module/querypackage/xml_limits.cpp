@@ -147,6 +147,12 @@ class XmlWalk {
  public:
   XmlWalk(const char* text, const XmlLimits& limits) : text_(text), limits_(limits) {}
 
+  // Lists the ampersands that are dropped, the first of them with their places.
+  void Watch(LostAmpersandOffsets& lost, std::size_t most) {
+    lost_ = &lost;
+    most_ = most;
+  }
+
   XmlOutline Run() {
     const char* p = Begin();
     while (!IsEnd(p)) p = SkipSpace(Next(p));
@@ -183,9 +189,20 @@ class XmlWalk {
   const char* NextCharacter(const char* p, std::string* value) const {
     const std::size_t length = utf8_ ? CharacterLength(*p) : 1;
     if (length != 1) return p + length;
-    if (*p == '&') return ReferenceEnd(p, value);
+    if (*p == '&') return Reference(p, value);
     if (value != nullptr) value->push_back(*p);
     return p + 1;
+  }
+
+  const char* Reference(const char* p, std::string* value) const {
+    const char* end = ReferenceEnd(p, value);
+    if (lost_ != nullptr && end == p + 1) Lose(p);
+    return end;
+  }
+
+  void Lose(const char* ampersand) const {
+    ++lost_->count;
+    if (lost_->offsets.size() < most_) lost_->offsets.push_back(OffsetOf(ampersand));
   }
 
   const char* Next(const char* p) {
@@ -327,6 +344,8 @@ class XmlWalk {
   std::vector<std::string_view> open_;  // names of the elements that are open
   NameSet attributes_;                  // of the element that is being opened
   XmlOutline outline_;
+  LostAmpersandOffsets* lost_ = nullptr;
+  std::size_t most_ = 0;
 };
 
 bool MayHoldLaterDeclaration(std::string_view text) {
@@ -348,6 +367,14 @@ XmlOutline OutlineXml(const char* text, std::size_t size, const XmlLimits& limit
   const bool isWalked = CountByte('<', all) > limits.nesting ||
                         CountByte('=', all) > limits.attributes || MayHoldLaterDeclaration(all);
   return isWalked ? OutlineXml(text, limits) : XmlWalk(text, limits).RunFirstDeclaration();
+}
+
+LostAmpersandOffsets OutlineLostAmpersands(const char* text, std::size_t most) {
+  LostAmpersandOffsets lost;
+  XmlWalk walk(text, {});
+  walk.Watch(lost, most);
+  walk.Run();
+  return lost;
 }
 
 bool EndsInsideCharacter(const char* text, std::size_t end) {

@@ -13,6 +13,7 @@
 #define VORNIK_QUERYPACKAGE_XML_LIMITS_H
 
 #include <cstddef>
+#include <vector>
 
 namespace Vornik {
 
@@ -47,6 +48,15 @@ XmlOutline OutlineXml(const char* text, const XmlLimits& limits = {});
 // The same result for a text whose size is known, its padding included: one that has too few
 // elements and attributes to go past a limit is not walked.
 XmlOutline OutlineXml(const char* text, std::size_t size, const XmlLimits& limits = {});
+
+struct LostAmpersandOffsets {
+  std::vector<std::size_t> offsets;  // of the first ones
+  std::size_t count = 0;
+};
+
+// The ampersands that begin no reference and that TinyXML drops, in the same walk. At most so many
+// offsets are kept.
+LostAmpersandOffsets OutlineLostAmpersands(const char* text, std::size_t most);
 
 // Whether the text's first zero byte, which stands at the offset end, lies inside a multi-byte
 // UTF-8 character by its lead byte's word. TinyXML may then go on behind the text's end.

@@ -1,0 +1,52 @@
+#include <fmt/format.h>
+
+#include "driver_files.h"
+#include "lint_checks.h"
+#include "literals.h"
+#include "wording.h"
+
+namespace Vornik::Cli {
+
+namespace {
+
+constexpr const char* filesName = PropertyName::driverFiles;
+constexpr const char* classesName = PropertyName::driverFilesClassification;
+
+void CheckValues(const LintPackage& package, LintReport& report) {
+  const auto values = package.Values(filesName);
+  const auto places = package.PlacesOfEntries(filesName);
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const auto file = ParseDriverFileValue(values[i]);
+    if (file && !file->first.empty() && !file->second.empty()) continue;
+    report.Add(LintId::DriverFileUnparsed, package.File(), places[i],
+               fmt::format("The driver file {} is not a name, \"{}\" and a version, so it is "
+                           "dropped.",
+                           QuotedBriefly(values[i]), driverFileSeparator));
+  }
+}
+
+void CheckClassifications(const LintPackage& package, LintReport& report) {
+  const std::size_t files = package.Values(filesName).size();
+  const std::size_t classes = package.Values(classesName).size();
+  if (ReadDriverFiles(package.Properties()).unclassifiedIndex) {
+    report.Add(LintId::ClassificationsMissing, package.File(), package.PlaceOfProperty(classesName),
+               fmt::format("There are {} for {}, which ends the process that queries the folder.",
+                           Count(classes, "classification"), Count(files, "driver file")));
+  } else if (files != 0 && classes > files) {
+    report.Add(LintId::ClassificationsSurplus, package.File(),
+               package.PlacesOfEntries(classesName)[files],
+               fmt::format("There are {} for {}; the surplus ones are ignored.",
+                           Count(classes, "classification"), Count(files, "driver file")));
+  }
+}
+
+}  // namespace
+
+void CheckDriverFiles(const LintFolder& folder, LintReport& report) {
+  for (const LintPackage* package : AllPackages(folder)) {
+    CheckValues(*package, report);
+    CheckClassifications(*package, report);
+  }
+}
+
+}  // namespace Vornik::Cli

@@ -4,10 +4,7 @@
 #   cmake -D source=... -D build=... -D options=... -D "program=..." -D "arguments=..."
 #         -D "expected=<regular expression>" [-D "arguments2=..." -D "expected2=..."]
 #         -D generator=... [-D "installFrom=<build folder>"]
-#         [-D "emulator=<command>"] [-D "dlls=<folder>"] -P RunProject.cmake
-#
-# dlls: on Windows, where a program knows no folder of libraries but its own and the search path,
-# the folder that the search path gets beside the installed package's.
+#         [-D "emulator=<command>"] -P RunProject.cmake
 file(REMOVE_RECURSE "${build}")
 
 function(run)
@@ -29,10 +26,11 @@ endif()
 run("${CMAKE_COMMAND}" -G "${generator}" -S "${source}" -B "${build}/out" ${options})
 run("${CMAKE_COMMAND}" --build "${build}/out")
 
-if(dlls AND emulator)
-  set(ENV{WINEPATH} "${build}/prefix/bin;${dlls}")
-elseif(dlls)
-  set(ENV{PATH} "${build}/prefix/bin;${dlls};$ENV{PATH}")
+# Where Windows finds the installed DLLs.
+if(emulator)
+  set(ENV{WINEPATH} "${build}/prefix/bin")
+elseif(CMAKE_HOST_WIN32)
+  set(ENV{PATH} "${build}/prefix/bin;$ENV{PATH}")
 endif()
 
 function(check arguments expected)

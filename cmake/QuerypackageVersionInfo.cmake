@@ -1,0 +1,35 @@
+# Windows resources: the version that a file's properties show, and a program's manifest.
+if(WIN32)
+  enable_language(RC)
+endif()
+
+# Gives a library or a program its version resource. Nothing to do but for Windows.
+function(querypackage_version_info target description)
+  if(NOT WIN32)
+    return()
+  endif()
+  get_target_property(type ${target} TYPE)
+  if(type STREQUAL "EXECUTABLE")
+    set(fileType VFT_APP)
+    set(fileName "${target}.exe")
+  else()
+    set(fileType VFT_DLL)
+    set(fileName "${target}.dll")
+  endif()
+  set(resource "${CMAKE_CURRENT_BINARY_DIR}/${target}_version.rc")
+  configure_file("${PROJECT_SOURCE_DIR}/cmake/version_info.rc.in" "${resource}" @ONLY)
+  target_sources(${target} PRIVATE "${resource}")
+endfunction()
+
+# Embeds a manifest into a program. Nothing to do but for Windows.
+function(querypackage_manifest target manifest)
+  if(MSVC)
+    target_sources(${target} PRIVATE "${manifest}")  # the linker merges it with its own
+  elseif(WIN32)
+    set(resource "${CMAKE_CURRENT_BINARY_DIR}/${target}_manifest.rc")
+    get_filename_component(path "${manifest}" ABSOLUTE)
+    file(CONFIGURE OUTPUT "${resource}" CONTENT "1 24 \"@path@\"\n" @ONLY)
+    set_source_files_properties("${resource}" PROPERTIES OBJECT_DEPENDS "${path}")
+    target_sources(${target} PRIVATE "${resource}")
+  endif()
+endfunction()

@@ -34,8 +34,9 @@ std::vector<std::string> LintTest::PlacesOf(const std::string& id, const Argumen
 }
 
 std::string LintTest::TextOf(const std::string& id, const Arguments& more) {
+  const Json document = LintJson(more);
   std::vector<std::string> texts;
-  for (const Json& finding : LintJson(more)["findings"]) {
+  for (const Json& finding : document["findings"]) {
     if (finding["id"] == id) texts.push_back(finding["text"]);
   }
   EXPECT_EQ(texts.size(), 1U) << id;

@@ -1,10 +1,10 @@
 #include "descriptor_files.h"
 
+#include <array>
 #include <boost/filesystem/operations.hpp>
 #include <boost/filesystem/path.hpp>
 #include <boost/system/error_code.hpp>
 #include <boost/system/system_error.hpp>
-#include <array>
 #include <cstddef>
 #include <cstdio>
 #include <memory>

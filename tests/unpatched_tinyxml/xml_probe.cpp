@@ -100,5 +100,6 @@ int Run(const std::vector<std::string>& arguments) {
 }  // namespace Vornik::Testing
 
 int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);  // it prints much
   return Vornik::Testing::Run(std::vector<std::string>(argv + 1, argv + argc));
 }

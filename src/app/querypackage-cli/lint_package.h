@@ -18,8 +18,8 @@
 namespace Vornik::Cli {
 
 struct PlacedValue {
-  TextPosition place;  // of the VALUE
-  std::size_t texts;   // values that it gives
+  TextPosition place;   // of the VALUE
+  std::size_t texts{};  // values that it gives
 };
 
 struct PlacedProperty {

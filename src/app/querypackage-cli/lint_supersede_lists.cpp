@@ -58,6 +58,7 @@ class SupersedeChecks {
 
   void ReportRing(const std::vector<std::size_t>& ring) {
     std::vector<std::string> codes;
+    codes.reserve(ring.size());
     for (const std::size_t index : ring) codes.push_back(packages_[index]->Code());
     const std::string text =
         fmt::format("These packages supersede one another in a ring: {}.", BriefList(codes));

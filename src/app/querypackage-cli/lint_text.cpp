@@ -30,7 +30,7 @@ std::string SeverityText(Severity severity, bool colour) {
 }
 
 std::string PlaceText(const LintFinding& finding, const std::string& folder) {
-  const std::string path = Printable(PathInFolder(folder, finding.file));
+  std::string path = Printable(PathInFolder(folder, finding.file));
   if (finding.place.line == 0) return path;
   return fmt::format("{}:{}:{}", path, finding.place.line, finding.place.column);
 }

@@ -34,15 +34,12 @@ TemporaryRepository::~TemporaryRepository() {
   fs::remove_all(folder_, ignored);
 }
 
-std::size_t QueryFolder(const std::string& folder) {
-  QueryPackageImp query;
-  SetUp(query);
-  query.xmlPackageFolder = folder;
-  QueryPackageImp::Results results;
-  if (query.RunQuery(results) != QueryCode::Completed) {
+FreshQuery::FreshQuery(const std::string& folder) {
+  SetUp(query_);
+  query_.xmlPackageFolder = folder;
+  if (query_.RunQuery(results_) != QueryCode::Completed) {
     throw std::runtime_error("the query did not complete");
   }
-  return results.size();
 }
 
 std::size_t LoadFolder(const std::string& folder) {

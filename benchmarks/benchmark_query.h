@@ -29,8 +29,18 @@ class TemporaryRepository {
   boost::filesystem::path folder_;
 };
 
-// A fresh object and vector, queried. Throws std::runtime_error where the query does not complete.
-std::size_t QueryFolder(const std::string& folder);
+// A fresh object and vector. The constructor queries the folder, and throws std::runtime_error
+// where the query does not complete.
+class FreshQuery {
+ public:
+  explicit FreshQuery(const std::string& folder);
+
+  std::size_t Records() const { return results_.size(); }
+
+ private:
+  QueryPackageImp query_;
+  QueryPackageImp::Results results_;
+};
 
 // Lists the folder and loads each descriptor with TinyXML as it comes; returns their number.
 std::size_t LoadFolder(const std::string& folder);

@@ -34,7 +34,7 @@ int Run(const std::string& what, std::size_t packages) {
     return EXIT_SUCCESS;
   }
   const TemporaryRepository repository(packages);
-  return QueryFolder(repository.Folder()) == packages ? EXIT_SUCCESS : EXIT_FAILURE;
+  return FreshQuery(repository.Folder()).Records() == packages ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 }  // namespace

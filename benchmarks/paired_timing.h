@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
+#include <ctime>
 #include <vector>
 
 namespace Vornik::Benchmarks {
@@ -14,12 +15,24 @@ struct PairedTimes {
   double reference = 0;  // median, in seconds
 };
 
+// Processor time leaves out what other processes take from a busy machine.
+enum class Clock { Wall, Processor };
+inline Clock timingClock = Clock::Wall;
+
+inline double SecondsNow() {
+  if (timingClock == Clock::Processor) {
+    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+  }
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  return std::chrono::duration<double>(now).count();
+}
+
 // A run of a thing returns how long it took, in seconds, so that it can leave its preparation out.
 template <typename Run>
 double TimeOf(const Run& run) {
-  const auto begin = std::chrono::steady_clock::now();
+  const double begin = SecondsNow();
   run();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+  return SecondsNow() - begin;
 }
 
 inline double MedianOf(std::vector<double> values) {

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -54,8 +55,9 @@ class PackageIndex {
   std::size_t knownPacks_ = 0;
   std::size_t knownIndividuals_ = 0;
   // The codes stand in the entries' values, which do not move when the lists grow.
-  std::unordered_map<std::string_view, MemberPlace> memberByCode_;
-  std::unordered_map<std::string_view, std::size_t> individualByCode_;
+  std::pmr::monotonic_buffer_resource memory_;  // of the maps: their parts stand side by side
+  std::pmr::unordered_map<std::string_view, MemberPlace> memberByCode_{&memory_};
+  std::pmr::unordered_map<std::string_view, std::size_t> individualByCode_{&memory_};
 };
 
 }  // namespace Vornik

@@ -19,12 +19,18 @@ std::string GetPropertyValue(std::string_view name, const SupXmlProperties& prop
   return value == nullptr ? std::string() : *value;
 }
 
-std::vector<std::string> GetPropertyValues(std::string_view name,
-                                           const SupXmlProperties& properties) {
+const std::vector<std::string>* FindPropertyValues(std::string_view name,
+                                                   const SupXmlProperties& properties) {
   const auto last = std::find_if(
       properties.rbegin(), properties.rend(),
       [name](const SupXmlProperty& property) { return EqualByCLibraryFold(property.name, name); });
-  return last == properties.rend() ? std::vector<std::string>() : last->values;
+  return last == properties.rend() ? nullptr : &last->values;
+}
+
+std::vector<std::string> GetPropertyValues(std::string_view name,
+                                           const SupXmlProperties& properties) {
+  const std::vector<std::string>* values = FindPropertyValues(name, properties);
+  return values == nullptr ? std::vector<std::string>() : *values;
 }
 
 }  // namespace Vornik

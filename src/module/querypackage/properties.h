@@ -43,6 +43,10 @@ const std::string* FindPropertyValue(std::string_view name, const SupXmlProperti
 std::vector<std::string> GetPropertyValues(std::string_view name,
                                            const SupXmlProperties& properties);
 
+// The same without a copy: null if there is no such property. It points into properties.
+const std::vector<std::string>* FindPropertyValues(std::string_view name,
+                                                   const SupXmlProperties& properties);
+
 }  // namespace Vornik
 
 #endif  // VORNIK_QUERYPACKAGE_PROPERTIES_H

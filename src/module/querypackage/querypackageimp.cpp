@@ -513,7 +513,7 @@ void QueryPackageImp::FilterSupersede(Results& results, PackageIndex& index) {
   for (QueryPackageResult& record : results) {
     record.supersedeFilterStatus = FilterStatus::Matched;
   }
-  std::vector<CodeList> lists(results.size());
+  ListPointers lists(results.size());
   for (std::size_t i = 0; i < results.size(); ++i) {
     if (results[i].platformFilterStatus == FilterStatus::NotMatched) continue;
     const SupXmlProperties* properties = LookUp(index, results[i].identificationCode);
@@ -521,7 +521,7 @@ void QueryPackageImp::FilterSupersede(Results& results, PackageIndex& index) {
       QP_LOG(LogLevel::error, LogText::noProperties);
       continue;
     }
-    lists[i] = GetPropertyValues(PropertyName::supersede, *properties);
+    lists[i] = FindPropertyValues(PropertyName::supersede, *properties);
   }
   ResolveSupersedence(results, lists, excludePackageIds);
 }

@@ -1,177 +1,92 @@
 #include "supersede_rules.h"
 
 #include <algorithm>
-#include <cstring>
-#include <iterator>
-#include <limits>
-#include <numeric>
-#include <set>
-#include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
+#include "driver_groups.h"
 #include "id_rules.h"
-#include "letter_case.h"
+#include "record_codes.h"
+#include "version_ranking.h"
 
 namespace Vornik {
 
 namespace {
 
-constexpr std::size_t notFound = std::numeric_limits<std::size_t>::max();
+// A listed code that a record bears.
+struct ListedCode {
+  const std::string* code;
+  RecordPlace found;
+};
 
-// The first record of each code, without regard to case.
-class RecordIndex {
+// What the lists come to, by record, each a piece of one sequence.
+class SupersedeLists {
  public:
-  explicit RecordIndex(const SupersedeRecords& records) {
-    firstByFoldedCode_.reserve(records.size());
-    for (std::size_t i = 0; i < records.size(); ++i) {
-      firstByFoldedCode_.try_emplace(fold_(records[i].identificationCode), i);
+  // Without the codes that no record bears.
+  SupersedeLists(const ListPointers& lists, RecordCodes& codes) {
+    end_.reserve(lists.size());
+    for (const CodeList* list : lists) {
+      if (list != nullptr) Append(*list, codes);
+      end_.push_back(listed_.size());
     }
   }
 
-  std::size_t Find(const std::string& code) const {
-    const auto found = firstByFoldedCode_.find(fold_(code));
-    return found == firstByFoldedCode_.end() ? notFound : found->second;
+  std::size_t Count() const { return end_.size(); }
+  const ListedCode* Begin(RecordPlace record) const {
+    return listed_.data() + (record == 0 ? 0 : end_[record - 1]);
   }
+  const ListedCode* End(RecordPlace record) const { return listed_.data() + end_[record]; }
+  bool IsEmpty(RecordPlace record) const { return Begin(record) == End(record); }
 
  private:
-  LocaleFold fold_;
-  std::unordered_map<std::string, std::size_t> firstByFoldedCode_;
+  void Append(const CodeList& list, RecordCodes& codes) {
+    for (const std::string& code : list) {
+      const RecordPlace found = codes.Find(code);
+      if (found != noRecord) listed_.push_back({&code, found});
+    }
+  }
+
+  std::vector<ListedCode> listed_;
+  std::vector<std::size_t> end_;
 };
 
-bool TakesPart(const QueryPackageResult& record) {
-  return record.platformFilterStatus != FilterStatus::NotMatched;
+ListPointers PointersTo(const std::vector<CodeList>& lists) {
+  ListPointers pointers(lists.size());
+  std::transform(lists.begin(), lists.end(), pointers.begin(),
+                 [](const CodeList& list) { return &list; });
+  return pointers;
 }
 
-// The records that take part, by the folded name of a driver file that they deliver.
-class DriverFamilies {
- public:
-  explicit DriverFamilies(const SupersedeRecords& records) : familiesOf_(records.size()) {
-    const LocaleFold fold;
-    std::unordered_map<std::string, std::size_t> familyByName;
-    familyByName.reserve(records.size());
-    members_.reserve(records.size());
-    for (std::size_t i = 0; i < records.size(); ++i) {
-      if (!TakesPart(records[i])) continue;
-      for (const auto& file : records[i].driverFiles) {
-        const std::size_t family =
-            familyByName.try_emplace(fold(file.name), familyByName.size()).first->second;
-        if (family == members_.size()) members_.emplace_back();
-        if (!members_[family].empty() && members_[family].back() == i) continue;
-        members_[family].push_back(i);
-        familiesOf_[i].push_back(family);
-      }
-    }
+// The records whose list counts, in byte order of their codes: of two records of one code the later
+// one.
+std::vector<RecordPlace> Superseding(const SupersedeRecords& records, const RecordCodes& codes,
+                                     const SupersedeLists& lists) {
+  std::vector<RecordPlace> lastOfSame(records.size(), noRecord);
+  for (RecordPlace i = 0; i < lists.Count(); ++i) {
+    if (!lists.IsEmpty(i)) lastOfSame[codes.FirstOfSame(i)] = i;
   }
-
-  const std::vector<std::size_t>& FamiliesOf(std::size_t record) const {
-    return familiesOf_[record];
-  }
-
-  bool HasMemberAfter(std::size_t family, std::size_t record) const {
-    return members_[family].back() > record;
-  }
-
-  // The members behind a record, of several families, in record order, each once.
-  std::vector<std::size_t> MembersAfter(const std::vector<std::size_t>& families,
-                                        std::size_t record) const {
-    std::vector<std::size_t> after;
-    for (const std::size_t family : families) {
-      const auto& members = members_[family];
-      after.insert(after.end(), std::upper_bound(members.begin(), members.end(), record),
-                   members.end());
-    }
-    if (families.size() > 1) {
-      std::sort(after.begin(), after.end());
-      after.erase(std::unique(after.begin(), after.end()), after.end());
-    }
-    return after;
-  }
-
- private:
-  std::vector<std::vector<std::size_t>> members_;
-  std::vector<std::vector<std::size_t>> familiesOf_;
-};
-
-// Groups of codes, each code once a group, and the first group of each code.
-class CodeGroups {
- public:
-  std::size_t FirstGroupOf(const std::string& code) const {
-    const auto found = firstGroup_.find(code);
-    return found == firstGroup_.end() ? notFound : found->second;
-  }
-
-  std::size_t Open(const std::string& code) {
-    groups_.emplace_back();
-    members_.emplace_back();
-    Add(groups_.size() - 1, code);
-    return groups_.size() - 1;
-  }
-
-  void Add(std::size_t group, const std::string& code) {
-    if (!members_[group].insert(code).second) return;
-    groups_[group].push_back(code);
-    const auto [first, isNew] = firstGroup_.try_emplace(code, group);
-    if (!isNew) first->second = std::min(first->second, group);
-  }
-
-  std::vector<CodeList> Take() { return std::move(groups_); }
-
- private:
-  std::vector<CodeList> groups_;
-  std::vector<std::unordered_set<std::string_view>> members_;
-  std::unordered_map<std::string_view, std::size_t> firstGroup_;
-};
-
-// Each version's place among the distinct ones, so that the sort compares numbers.
-std::vector<std::size_t> RanksOf(const std::vector<std::string>& versions) {
-  const auto less = [&versions](std::size_t a, std::size_t b) {
-    return std::strcmp(versions[a].c_str(), versions[b].c_str()) < 0;
+  lastOfSame.erase(std::remove(lastOfSame.begin(), lastOfSame.end(), noRecord), lastOfSame.end());
+  const auto byCode = [&records](RecordPlace a, RecordPlace b) {
+    return records[a].identificationCode < records[b].identificationCode;
   };
-  std::vector<std::size_t> order(versions.size());
-  std::iota(order.begin(), order.end(), std::size_t{0});
-  std::sort(order.begin(), order.end(), less);
-  std::vector<std::size_t> ranks(versions.size());
-  for (std::size_t i = 1; i < order.size(); ++i) {
-    ranks[order[i]] = ranks[order[i - 1]] + (less(order[i - 1], order[i]) ? 1U : 0U);
+  if (!std::is_sorted(lastOfSame.begin(), lastOfSame.end(), byCode)) {
+    std::sort(lastOfSame.begin(), lastOfSame.end(), byCode);
   }
-  return ranks;
+  return lastOfSame;
 }
 
-// Where the exchange sort leaves equal ranks depends on every swap that it makes, so it is run as
-// it is, unless there is nothing to swap or nothing equal.
-void ExchangeSort(std::vector<std::size_t>& items, const std::vector<std::size_t>& ranks) {
-  const auto ranksLess = [&ranks](std::size_t a, std::size_t b) { return ranks[a] < ranks[b]; };
-  if (std::is_sorted(items.begin(), items.end(), ranksLess)) return;
-  const std::size_t highest = *std::max_element(ranks.begin(), ranks.end());
-  if (highest + 1 == items.size()) {
-    std::sort(items.begin(), items.end(), ranksLess);
-    return;
-  }
-  for (std::size_t p = 0; p < items.size(); ++p) {
-    for (std::size_t q = p + 1; q < items.size(); ++q) {
-      if (ranks[items[p]] > ranks[items[q]]) std::swap(items[p], items[q]);
-    }
+void ApplyLists(SupersedeRecords& records, const RecordCodes& codes, const SupersedeLists& lists) {
+  for (const RecordPlace record : Superseding(records, codes, lists)) {
+    std::for_each(lists.Begin(record), lists.End(record), [&](const ListedCode& listed) {
+      records[listed.found].supersededById = records[record].identificationCode;
+      records[listed.found].supersedeFilterStatus = FilterStatus::NotMatched;
+    });
+    QueryPackageResult& superseding = records[codes.FindFor(record)];
+    superseding.supersedesId = *lists.Begin(record)->code;
+    superseding.supersedeFilterStatus = FilterStatus::Matched;
   }
 }
 
-void ApplyMap(SupersedeRecords& records, const RecordIndex& index, const SupersedeMap& map) {
-  for (const auto& [key, listed] : map) {
-    for (const std::string& code : listed) {
-      const std::size_t superseded = index.Find(code);
-      if (superseded == notFound) continue;
-      records[superseded].supersededById = key;
-      records[superseded].supersedeFilterStatus = FilterStatus::NotMatched;
-    }
-    const std::size_t superseding = index.Find(key);
-    if (superseding == notFound) continue;
-    records[superseding].supersedesId = listed.front();
-    records[superseding].supersedeFilterStatus = FilterStatus::Matched;
-  }
-}
-
-void ApplyRanking(SupersedeRecords& records, const std::vector<std::size_t>& ranked) {
+void ApplyRanking(SupersedeRecords& records, const std::vector<RecordPlace>& ranked) {
   for (std::size_t k = 0; k < ranked.size(); ++k) {
     QueryPackageResult& record = records[ranked[k]];
     if (k > 0) record.supersedesId = records[ranked[k - 1]].identificationCode;
@@ -184,96 +99,87 @@ void ApplyRanking(SupersedeRecords& records, const std::vector<std::size_t>& ran
   }
 }
 
-std::vector<std::size_t> RankByVersion(const SupersedeRecords& records, const RecordIndex& index,
-                                       const CodeList& group) {
-  const LocaleFold fold;
-  std::vector<std::size_t> found;
-  std::vector<std::string> versions;
-  found.reserve(group.size());
-  versions.reserve(group.size());
-  for (const std::string& code : group) {
-    const std::size_t record = index.Find(code);
-    if (record == notFound) continue;
-    found.push_back(record);
-    versions.push_back(fold(records[record].Version));
+std::vector<DriverGroup> RankedGroups(const SupersedeRecords& records, const RecordCodes& codes,
+                                      const std::vector<std::string>& excludedIds) {
+  std::vector<DriverGroup> groups = GroupByDriverFile(records, codes);
+  if (!excludedIds.empty()) {
+    IdSet excluded(excludedIds);
+    for (DriverGroup& group : groups) {
+      group.erase(std::remove_if(group.begin(), group.end(),
+                                 [&](RecordPlace place) {
+                                   return excluded.Contains(records[place].identificationCode);
+                                 }),
+                  group.end());
+    }
   }
-  if (found.size() < 2) return {};
-  std::vector<std::size_t> places(found.size());
-  std::iota(places.begin(), places.end(), std::size_t{0});
-  ExchangeSort(places, RanksOf(versions));
-  std::transform(places.begin(), places.end(), places.begin(),
-                 [&found](std::size_t place) { return found[place]; });
-  return places;
+  groups.erase(std::remove_if(groups.begin(), groups.end(),
+                              [](const DriverGroup& group) { return group.size() < 2; }),
+               groups.end());
+  return groups;
 }
 
-SupersedeMap MapExplicitLists(const SupersedeRecords& records, const RecordIndex& index,
-                              const std::vector<CodeList>& lists) {
-  SupersedeMap map;
-  for (std::size_t i = 0; i < lists.size(); ++i) {
-    CodeList kept;
-    std::copy_if(lists[i].begin(), lists[i].end(), std::back_inserter(kept),
-                 [&index](const std::string& code) { return index.Find(code) != notFound; });
-    if (!kept.empty()) map[records[i].identificationCode] = std::move(kept);
+std::vector<CodeList> CodesOf(const SupersedeRecords& records,
+                              const std::vector<DriverGroup>& groups) {
+  std::vector<CodeList> codes;
+  codes.reserve(groups.size());
+  for (const DriverGroup& group : groups) {
+    CodeList& list = codes.emplace_back();
+    list.reserve(group.size());
+    for (const RecordPlace place : group) list.push_back(records[place].identificationCode);
   }
-  return map;
+  return codes;
 }
 
 }  // namespace
 
 SupersedeMap MapExplicitLists(const SupersedeRecords& records, const std::vector<CodeList>& lists) {
-  return MapExplicitLists(records, RecordIndex(records), lists);
+  RecordCodes codes(records);
+  const SupersedeLists listed(PointersTo(lists), codes);
+  SupersedeMap map;
+  for (const RecordPlace record : Superseding(records, codes, listed)) {
+    CodeList& list = map[records[record].identificationCode];
+    std::for_each(listed.Begin(record), listed.End(record),
+                  [&list](const ListedCode& one) { list.push_back(*one.code); });
+  }
+  return map;
 }
 
 std::vector<CodeList> GroupByDriverFile(const SupersedeRecords& records) {
-  const DriverFamilies families(records);
-  CodeGroups groups;
-  // What a family's earlier member has put into a group, its later members need not put there
-  // again.
-  std::set<std::pair<std::size_t, std::size_t>> done;
-  for (std::size_t i = 0; i < records.size(); ++i) {
-    std::vector<std::size_t> related = families.FamiliesOf(i);
-    related.erase(std::remove_if(related.begin(), related.end(),
-                                 [&](auto family) { return !families.HasMemberAfter(family, i); }),
-                  related.end());
-    if (related.empty()) continue;
-    const std::string& code = records[i].identificationCode;
-    std::size_t group = groups.FirstGroupOf(code);
-    if (group == notFound) group = groups.Open(code);
-    related.erase(std::remove_if(related.begin(), related.end(),
-                                 [&](auto family) { return !done.emplace(family, group).second; }),
-                  related.end());
-    for (const std::size_t j : families.MembersAfter(related, i)) {
-      groups.Add(group, records[j].identificationCode);
-    }
-  }
-  return groups.Take();
+  return CodesOf(records, GroupByDriverFile(records, RecordCodes(records)));
 }
 
 std::vector<CodeList> RankedGroups(const SupersedeRecords& records,
                                    const std::vector<std::string>& excludedIds) {
-  IdSet excluded(excludedIds);
-  std::vector<CodeList> ranked;
-  for (CodeList& group : GroupByDriverFile(records)) {
-    group.erase(std::remove_if(group.begin(), group.end(),
-                               [&](const std::string& code) { return excluded.Contains(code); }),
-                group.end());
-    if (group.size() >= 2) ranked.push_back(std::move(group));
-  }
-  return ranked;
+  return CodesOf(records, RankedGroups(records, RecordCodes(records), excludedIds));
 }
 
 std::vector<std::size_t> RankByVersion(const SupersedeRecords& records, const CodeList& group) {
-  return RankByVersion(records, RecordIndex(records), group);
+  RecordCodes codes(records);
+  std::vector<RecordPlace> places;
+  for (const std::string& code : group) {
+    const RecordPlace found = codes.Find(code);
+    if (found != noRecord) places.push_back(found);
+  }
+  if (places.size() < 2) return {};
+  RankByVersion(records, places);
+  return places;
+}
+
+void ResolveSupersedence(SupersedeRecords& records, const ListPointers& lists,
+                         const std::vector<std::string>& excludedIds) {
+  for (QueryPackageResult& record : records) record.supersedeFilterStatus = FilterStatus::Matched;
+  RecordCodes codes(records);
+  ApplyLists(records, codes, SupersedeLists(lists, codes));
+  for (DriverGroup& group : RankedGroups(records, codes, excludedIds)) {
+    for (RecordPlace& place : group) place = codes.FindFor(place);
+    RankByVersion(records, group);
+    ApplyRanking(records, group);
+  }
 }
 
 void ResolveSupersedence(SupersedeRecords& records, const std::vector<CodeList>& lists,
                          const std::vector<std::string>& excludedIds) {
-  for (QueryPackageResult& record : records) record.supersedeFilterStatus = FilterStatus::Matched;
-  const RecordIndex index(records);
-  ApplyMap(records, index, MapExplicitLists(records, index, lists));
-  for (const CodeList& group : RankedGroups(records, excludedIds)) {
-    ApplyRanking(records, RankByVersion(records, index, group));
-  }
+  ResolveSupersedence(records, PointersTo(lists), excludedIds);
 }
 
 }  // namespace Vornik

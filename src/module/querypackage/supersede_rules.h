@@ -21,7 +21,10 @@ using CodeList = std::vector<std::string>;
 // A superseding code and the codes that it supersedes, in byte order of the superseding ones.
 using SupersedeMap = std::map<std::string, CodeList>;
 
-// One element per record: the codes that its descriptor lists, empty where it does not take part.
+// One element per record: the codes that its descriptor lists; empty or null where it lists none or
+// does not take part. The lists are borrowed, and are not the records' own.
+using ListPointers = std::vector<const CodeList*>;
+
 // Codes that no record bears are left out; of two records of one code the later list counts.
 SupersedeMap MapExplicitLists(const SupersedeRecords& records, const std::vector<CodeList>& lists);
 
@@ -41,6 +44,8 @@ std::vector<std::size_t> RankByVersion(const SupersedeRecords& records, const Co
 
 // Writes supersedeFilterStatus, supersedesId and supersededById: first by the lists, in the order
 // of the map, then by the groups, which override them.
+void ResolveSupersedence(SupersedeRecords& records, const ListPointers& lists,
+                         const std::vector<std::string>& excludedIds);
 void ResolveSupersedence(SupersedeRecords& records, const std::vector<CodeList>& lists,
                          const std::vector<std::string>& excludedIds);
 

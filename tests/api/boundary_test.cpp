@@ -32,6 +32,10 @@ class BoundaryTest : public HostTest {
   BoundaryTest() { SetMinLogLevel(0); }
   ~BoundaryTest() override { SetMinLogLevel(1); }
 
+  std::string PathOf(const std::string& code) const {
+    return (boost::filesystem::path(folder.Path()) / (code + ".xml")).string();
+  }
+
   int Query() {
     QueryPackage query;
     Prepare(query);
@@ -55,9 +59,11 @@ TEST_F(MemoryTest, HostMayChangeWhatTheLibraryAllocated) {
   results.erase(results.begin());
   results[0].packageXmlFile.append(1'000, 'x');
   results[1].driverFiles.resize(100);
+  const std::string code = results[2].identificationCode;
   const QueryPackageResult taken = std::move(results[2]);
   results.resize(50);
-  EXPECT_EQ(taken.identificationCode, "d");
+  EXPECT_EQ(taken.identificationCode, code);
+  EXPECT_EQ(taken.packageXmlFile, PathOf(code));
   results.clear();
   results.shrink_to_fit();
   EXPECT_TRUE(HeapIsWhole());

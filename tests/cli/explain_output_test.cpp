@@ -155,8 +155,12 @@ TEST_F(ExplainOutputTest, ControlBytesOfDescriptorsAreEscaped) {
 }
 
 TEST_F(ExplainOutputTest, BytesThatAreNotUtf8DoNotBreakTheDocument) {
+  folder.Write("a.xml", Package("a").Set("description", "\xFF").Individual());
+  EXPECT_EQ(ExplainJson("a")["records"][0]["description"], "\xEF\xBF\xBD");
+#ifndef _WIN32  // where a command line is UTF-16 and cannot name such a package
   folder.Write("a.xml", Package("a\xFF").Individual());
   EXPECT_EQ(ExplainJson("a\xFF")["records"][0]["identificationCode"], "a\xEF\xBF\xBD");
+#endif
 }
 
 TEST_F(ExplainOutputTest, IdIsTakenAsItStandsAndOnce) {

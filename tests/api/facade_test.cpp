@@ -1,38 +1,15 @@
-// The shared library as a host uses it: settings, callback, exceptions, lifetimes.
+// The shared library as a host uses it: settings and callback.
 #include <LogSettings.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
-#include <stdexcept>
 
-#include "QueryPackage.h"
 #include "captured_stdout.h"
-#include "descriptors.h"
-#include "temp_folder.h"
+#include "host_fixture.h"
 
 namespace Vornik::Testing {
 namespace {
 
-using Lines = std::vector<std::string>;
-
-class Callback final : public IQueryPackageCallback {
- public:
-  ~Callback() {
-    if (onDestruction) onDestruction();
-  }
-  void PreQueryPackage() override {
-    ++calls;
-    if (pre) pre();
-  }
-  void PostQueryPackage() override { ++calls; }
-
-  int calls = 0;
-  std::function<void()> pre;
-  std::function<void()> onDestruction;
-};
-
-class FacadeTest : public testing::Test {
+class FacadeTest : public HostTest {
  protected:
   FacadeTest() {
     SetMinLogLevel(3);
@@ -43,24 +20,11 @@ class FacadeTest : public testing::Test {
     SetMinLogLevel(1);
   }
 
-  void SetUp() override {
-    folder.Write("a.xml", Descriptor("a").For("1234", "10", "9").Set("type", "3").Individual());
-  }
-
-  void Prepare(QueryPackage& query) {
-    query.SetXMLPackageFolder(folder.Path());
-    query.SetPlatform(os, arch, "1234");
-  }
-
   bool Logged(const std::string& line) const {
     return std::find(log.begin(), log.end(), line) != log.end();
   }
 
-  static constexpr OsValue os = static_cast<OsValue>(10);
-  static constexpr ArcValue arch = static_cast<ArcValue>(9);
-  TempFolder folder;
   Lines log;
-  std::vector<QueryPackageResult> results;
 };
 
 static_assert(!std::is_copy_constructible_v<QueryPackage>);
@@ -175,31 +139,6 @@ TEST_F(FacadeTest, CallbackMayChangeItsQuery) {
   EXPECT_TRUE(Logged("Sep Filter Ignored!"));
 }
 
-TEST_F(FacadeTest, ExceptionOfTheCallbackPassesThroughTheLibrary) {
-  QueryPackage query;
-  Prepare(query);
-  Callback callback;
-  callback.pre = [] { throw std::out_of_range("from the host"); };
-  query.SetQueryCallback(&callback);
-  EXPECT_THROW(query.RunQuery(results), std::out_of_range);
-}
-
-#ifndef _WIN32
-
-TEST_F(FacadeTest, FileSystemErrorReachesTheHostAsAStandardException) {
-  QueryPackage query;
-  Prepare(query);
-  query.SetXMLPackageFolder(std::string(100'000, 'x'));
-  try {
-    query.RunQuery(results);
-    FAIL() << "no exception";
-  } catch (const std::exception& error) {
-    EXPECT_NE(std::string(error.what()).find("status"), std::string::npos) << error.what();
-  }
-}
-
-#endif
-
 TEST_F(FacadeTest, DestructionLeavesTheCallbackAlone) {
   bool destroyed = false;
   auto callback = std::make_unique<Callback>();
@@ -210,18 +149,6 @@ TEST_F(FacadeTest, DestructionLeavesTheCallbackAlone) {
   }
   EXPECT_FALSE(destroyed);
   EXPECT_EQ(callback->calls, 0);
-}
-
-TEST_F(FacadeTest, RecordsOutliveTheirQuery) {
-  {
-    QueryPackage query;
-    Prepare(query);
-    EXPECT_EQ(query.RunQuery(results), QueryCode::Completed);
-  }
-  ASSERT_EQ(results.size(), 1U);
-  EXPECT_EQ(results[0].identificationCode, "a");
-  results.clear();
-  results.shrink_to_fit();
 }
 
 }  // namespace

@@ -7,13 +7,19 @@ namespace {
 
 const std::string repository = QUERYPACKAGE_SOURCE_DIR "/examples/repository";
 
-// The report's paths name the folder by a word.
+// The report's lines begin with a path, and the path names the folder by a word.
 std::string ExpectedReport() {
-  std::string report = ReadFile(QUERYPACKAGE_SOURCE_DIR "/tests/cli/lint_sample_report.txt");
-  const std::string word = "{folder}/";
-  constexpr char separator = static_cast<char>(boost::filesystem::path::preferred_separator);
-  for (std::size_t at = report.find(word); at != std::string::npos; at = report.find(word, at)) {
-    report.replace(at, word.size(), repository + separator);
+  const std::string word = "{folder}";
+  std::string report;
+  for (const std::string& line :
+       LinesOf(ReadFile(QUERYPACKAGE_SOURCE_DIR "/tests/cli/lint_sample_report.txt"))) {
+    if (line.compare(0, word.size(), word) != 0) {
+      report += line + '\n';
+      continue;
+    }
+    const std::size_t end = line.find(':');
+    boost::filesystem::path path(repository + line.substr(word.size(), end - word.size()));
+    report += path.make_preferred().string() + line.substr(end) + '\n';
   }
   return report;
 }

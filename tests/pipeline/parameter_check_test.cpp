@@ -1,9 +1,11 @@
 // What RunQuery refuses before it reads anything, and how it says so.
+#include <boost/filesystem/exception.hpp>
 #include <fstream>
 
 #include "captured_stdout.h"
 #include "global_locale.h"
 #include "query_fixture.h"
+#include "unqueryable_folder.h"
 
 namespace Vornik::Testing {
 namespace {
@@ -152,18 +154,26 @@ TEST_F(ParameterCheckTest, FailuresAreReportedInTheOrderOfTheChecks) {
 }
 
 TEST_F(ParameterCheckTest, FolderThatTheFileSystemCannotQueryThrows) {
-  imp.xmlPackageFolder = std::string(100'000, 'x');
+  imp.xmlPackageFolder = UnqueryableFolder();
   const CapturedStdout out;
-#ifdef _WIN32
-  ExpectRefusal("xml package folder: " + imp.xmlPackageFolder + " is not valid folder");
-#else
   results = {RecordOf("kept")};
-  EXPECT_THROW(Run(), std::exception);
+  EXPECT_THROW(Run(), boost::filesystem::filesystem_error);
   EXPECT_EQ(Log(), Lines{"3 Check parameter validity - Start"});
   EXPECT_EQ(out.Text(), "");
   EXPECT_EQ(Codes(), Lines{"kept"});
-#endif
 }
+
+#ifdef _WIN32
+
+TEST_F(ParameterCheckTest, NameThatNoFolderOfThisSystemCanHaveIsNotValid) {
+  for (const std::string& name : {std::string("a<b"), std::string("a*"), std::string("NUL"),
+                                  std::string("CON"), std::string(100'000, 'x')}) {
+    imp.xmlPackageFolder = name;
+    ExpectRefusal("xml package folder: " + name + " is not valid folder");
+  }
+}
+
+#endif
 
 }  // namespace
 }  // namespace Vornik::Testing

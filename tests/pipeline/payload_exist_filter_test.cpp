@@ -129,6 +129,8 @@ TEST_F(PayloadExistFilterTest, FolderWithATrailingSeparatorIsFound) {
   WriteBoth();
   imp.xmlPackageFolder += "/";
   EXPECT_EQ(Judge(With("a.xml", "a.exe")), FilterStatus::Matched);
+  imp.xmlPackageFolder = PathOf("");
+  EXPECT_EQ(Judge(With("a.xml", "a.exe")), FilterStatus::Matched);
 }
 
 TEST_F(PayloadExistFilterTest, PayloadIsLookedForInThePackageFolderOfTheQuery) {

@@ -14,6 +14,7 @@
 
 #include "literals.h"
 #include "random_pick.h"
+#include "temp_folder.h"
 
 namespace Vornik {
 
@@ -103,6 +104,13 @@ TEST(DescriptorMarkers, PackMarkerGoesBeforeTheOther) {
   EXPECT_FALSE(IsIndividualText(neither));
 }
 
+using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+void AddMarkersOf(const char* line, DescriptorMarkers& markers) {
+  if (std::strstr(line, "ORXQDL_SystemUpdateProduct") != nullptr) markers.pack = true;
+  if (std::strstr(line, "SystemUpdateElement") != nullptr) markers.individual = true;
+}
+
 // What fgets and strstr find in a file of these bytes.
 DescriptorMarkers PlainMarkers(std::FILE* file, std::string_view text) {
   std::rewind(file);
@@ -117,8 +125,7 @@ DescriptorMarkers PlainMarkers(std::FILE* file, std::string_view text) {
     const long before = std::ftell(file);
     if (std::fgets(line, static_cast<int>(most), file) == nullptr) break;
     left -= static_cast<std::size_t>(std::ftell(file) - before);
-    if (std::strstr(line, "ORXQDL_SystemUpdateProduct") != nullptr) markers.pack = true;
-    if (std::strstr(line, "SystemUpdateElement") != nullptr) markers.individual = true;
+    AddMarkersOf(line, markers);
   }
   return markers;
 }
@@ -138,7 +145,7 @@ std::string RandomText(RandomPick& pick) {
 
 TEST(DescriptorMarkers, AreFoundAsFgetsHandsOutTheText) {
   constexpr std::size_t texts = 50'000;
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::tmpfile(), &std::fclose);
+  const File file(std::tmpfile(), &std::fclose);
   ASSERT_NE(file, nullptr);
   RandomPick pick(10'231'023);
   std::size_t found = 0;
@@ -182,6 +189,46 @@ TEST(TextMode, Translation) {
   for (const auto& [bytes, text] : cases) {
     EXPECT_EQ(TranslateTextMode(bytes), text) << testing::PrintToString(bytes);
   }
+}
+
+std::string ReadInTextMode(const std::string& path) {
+  const File file(std::fopen(path.c_str(), "r"), &std::fclose);
+  std::string text(10'000, '\0');
+  text.resize(std::fread(text.data(), 1, text.size(), file.get()));
+  return text;
+}
+
+DescriptorMarkers MarkersInTextMode(const std::string& path) {
+  const File file(std::fopen(path.c_str(), "r"), &std::fclose);
+  DescriptorMarkers markers;
+  char line[1024] = {};
+  while (std::fgets(line, sizeof line, file.get()) != nullptr) AddMarkersOf(line, markers);
+  return markers;
+}
+
+TEST(TextMode, IsThatOfTheCLibrary) {
+  const std::vector<std::string> words{"\r\n", "\r", "\n", "\r\r\n", individual, pack, "\x1A"};
+  const Testing::TempFolder folder;
+  RandomPick pick(26);
+  std::size_t cut = 0;
+  for (std::size_t i = 0; i < 500; ++i) {
+    std::string bytes;
+    for (std::size_t left = pick.Below(12); left != 0; --left) {
+      // The end is rare, or nothing would stand behind it.
+      const std::string& word = pick.Of(words);
+      if (word != words.back() || pick.OneIn(4)) bytes += word;
+      if (pick.OneIn(2)) bytes += Fill(pick.OneIn(2) ? pick.Below(5) : 985 + pick.Below(40));
+    }
+    const std::string path = folder.Write("text", bytes);
+    ASSERT_EQ(FindMarkersInBytes(bytes), MarkersInTextMode(path)) << testing::PrintToString(bytes);
+    if (bytes.find('\x1A') != std::string::npos) ++cut;
+#ifdef _WIN32
+    ASSERT_EQ(TranslateTextMode(bytes), ReadInTextMode(path)) << testing::PrintToString(bytes);
+#else
+    ASSERT_EQ(bytes, ReadInTextMode(path));
+#endif
+  }
+  EXPECT_GT(cut, 50U);
 }
 
 TEST(TextMode, OfTheSystem) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <clocale>
 #include <locale>
 #include <string>
 #include <utility>
@@ -145,6 +146,18 @@ TEST(TurkishCLocale, DoesNotDecideIds) {
   const GlobalLocaleGuard guard(std::locale::classic());
   EXPECT_EQ(FoldByGlobalLocale("I"), "i");
   EXPECT_FALSE(EqualByGlobalLocaleFold("\xDD", "i"));
+}
+
+#else
+
+// No C locale of this system folds a letter of ASCII otherwise than the first one.
+TEST(CLibraryFold, FollowsTheCLibrarysLocale) {
+  EXPECT_FALSE(EqualByCLibraryFold("\xC4", "\xE4"));
+  ASSERT_NE(std::setlocale(LC_CTYPE, ".1252"), nullptr);
+  const bool equal = EqualByCLibraryFold("\xC4", "\xE4");
+  std::setlocale(LC_CTYPE, "C");
+  EXPECT_TRUE(equal);
+  EXPECT_FALSE(EqualByCLibraryFold("\xC4", "\xE4"));
 }
 
 #endif

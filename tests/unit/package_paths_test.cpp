@@ -14,21 +14,38 @@ struct PathCase {
 #ifdef _WIN32
 
 TEST(PackagePaths, MemberPath) {
-  for (const PathCase& c : {PathCase{"C:\\pkgs\\P.xml", "m1.xml", "C:\\pkgs\\m1.xml"},
-                            PathCase{"C:\\pkgs\\P.xml", "P.xml", "C:\\pkgs\\P.xml"},
-                            PathCase{"C:\\pkgs\\P.xml", "sub/m3.xml", "C:\\pkgs\\sub\\m3.xml"},
-                            PathCase{"C:\\pkgs\\P.xml", "", "C:\\pkgs\\"},
-                            PathCase{"C:/pkgs/P.xml", "m.xml", "C:\\pkgs\\m.xml"}}) {
+  for (const PathCase& c :
+       {PathCase{"C:\\pkgs\\P.xml", "m1.xml", "C:\\pkgs\\m1.xml"},
+        PathCase{"C:\\pkgs\\P.xml", "P.xml", "C:\\pkgs\\P.xml"},
+        PathCase{"C:\\pkgs\\P.xml", "sub/m3.xml", "C:\\pkgs\\sub\\m3.xml"},
+        PathCase{"C:\\pkgs\\P.xml", "", "C:\\pkgs\\"},
+        PathCase{"C:\\pkgs\\P.xml", "..\\m.xml", "C:\\pkgs\\..\\m.xml"},
+        PathCase{"C:/pkgs/P.xml", "m.xml", "C:\\pkgs\\m.xml"},
+        PathCase{"C:\\P.xml", "m.xml", "C:\\\\m.xml"},
+        PathCase{"\\\\server\\share\\P.xml", "m.xml", "\\\\server\\share\\m.xml"},
+        PathCase{"P.xml", "m.xml", "\\m.xml"}}) {
     EXPECT_EQ(MemberPath(c.folderOrPack, c.name), c.path);
   }
 }
 
 TEST(PackagePaths, PathInFolder) {
-  for (const PathCase& c : {PathCase{"C:\\pkgs", "p.exe", "C:\\pkgs\\p.exe"},
-                            PathCase{"C:\\pkgs\\", "p.exe", "C:\\pkgs\\\\p.exe"},
-                            PathCase{"C:/pkgs", "sub/p.exe", "C:\\pkgs\\sub\\p.exe"}}) {
+  for (const PathCase& c :
+       {PathCase{"C:\\pkgs", "p.exe", "C:\\pkgs\\p.exe"},
+        PathCase{"C:\\pkgs\\", "p.exe", "C:\\pkgs\\\\p.exe"},
+        PathCase{"C:/pkgs/", "p.exe", "C:\\pkgs\\\\p.exe"},
+        PathCase{"C:\\", "p.exe", "C:\\\\p.exe"},
+        PathCase{"C:\\pkgs", "sub\\p.exe", "C:\\pkgs\\sub\\p.exe"},
+        PathCase{"C:/pkgs", "sub/p.exe", "C:\\pkgs\\sub\\p.exe"}, PathCase{".", "p", ".\\p"}}) {
     EXPECT_EQ(PathInFolder(c.folderOrPack, c.name), c.path);
   }
+}
+
+TEST(PackagePaths, BackslashAndDriveEndAFolder) {
+  EXPECT_EQ(FileStem("C:\\pkgs\\pack_a.xml"), "pack_a");
+  EXPECT_EQ(FileStem("C:pack_a.xml"), "pack_a");
+  EXPECT_TRUE(IsPacksOwnInstance("C:\\pkgs\\P.xml", "P.xml"));
+  EXPECT_TRUE(IsPacksOwnInstance("C:P.xml", "P.xml"));
+  EXPECT_FALSE(IsPacksOwnInstance("C:\\pkgs\\P.xml", "p.xml"));
 }
 
 #else

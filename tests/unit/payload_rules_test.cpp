@@ -181,6 +181,38 @@ TEST_F(PayloadRules, NameEndsAtAZeroByte) {
   EXPECT_FALSE(Exists(zero + "p.exe"));
 }
 
+#ifdef _WIN32
+
+TEST_F(PayloadRules, BackslashAndCaseOfThisSystem) {
+  for (const char* name :
+       {"sub\\p.exe", "sub/p.exe", ".\\sub\\..\\p.exe", "\\p.exe", "P.EXE", "SUB/p.Exe"}) {
+    EXPECT_TRUE(Exists(name)) << name;
+  }
+  EXPECT_FALSE(Exists("sub\\none.exe"));
+  EXPECT_FALSE(Exists("sub\\"));
+}
+
+TEST_F(PayloadRules, NamesThatThisSystemRefuses) {
+  for (const char* name : {"p<.exe", "p>.exe", "p|.exe", "p\".exe", "C:\\p.exe", "\x01"}) {
+    EXPECT_FALSE(Exists(name)) << name;
+  }
+}
+
+TEST_F(PayloadRules, FolderWithATrailingBackslash) {
+  const auto properties =
+      Descriptor().Set("xmlFilename", "sub/d.xml").Set("payload", "p.exe").Properties();
+  EXPECT_EQ(JudgePayload(properties, folder.Path() + "\\"), found);
+  EXPECT_EQ(JudgePayload(properties, folder.Path() + "\\sub\\..\\"), found);
+}
+
+TEST_F(PayloadRules, LettersOfTheProcessesCodePage) {
+  folder.Write("\xE4.exe", "payload");
+  EXPECT_TRUE(Exists("\xE4.exe"));
+  EXPECT_FALSE(Exists("\xF6.exe"));
+}
+
+#endif
+
 #ifndef _WIN32
 
 TEST_F(PayloadRules, NamesOfAnyBytes) {

@@ -10,6 +10,9 @@ namespace {
 
 using boost::filesystem::path;
 
+// Version 4 gives a file named ".xml" no extension.
+static_assert(BOOST_FILESYSTEM_VERSION == 3, "paths are taken apart as in version 3");
+
 std::string Join(const path& folder, const std::string& name) {
   constexpr char separator = static_cast<char>(path::preferred_separator);
   return path(folder.string() + separator + name).make_preferred().string();

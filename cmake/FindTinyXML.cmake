@@ -1,11 +1,23 @@
 # TinyXML as a static library: it stays private to the library, whatever the host links.
 #
-# Defines the target TinyXML::TinyXML.
-find_path(TinyXML_INCLUDE_DIR tinyxml.h)
-find_library(TinyXML_LIBRARY NAMES libtinyxml.a tinyxml.lib tinyxml)
-mark_as_advanced(TinyXML_INCLUDE_DIR TinyXML_LIBRARY)
-
+# Defines the target TinyXML::TinyXML. vcpkg's port brings a package of its own, with the target that
+# is named there.
 include(FindPackageHandleStandardArgs)
+
+if(DEFINED VCPKG_TARGET_TRIPLET)
+  find_package(tinyxml CONFIG QUIET)
+  if(TARGET unofficial-tinyxml::unofficial-tinyxml AND NOT TARGET TinyXML::TinyXML)
+    add_library(TinyXML::TinyXML INTERFACE IMPORTED)
+    target_link_libraries(TinyXML::TinyXML INTERFACE unofficial-tinyxml::unofficial-tinyxml)
+    target_compile_definitions(TinyXML::TinyXML INTERFACE TIXML_USE_STL)
+  endif()
+  find_package_handle_standard_args(TinyXML REQUIRED_VARS tinyxml_DIR)
+  return()
+endif()
+
+find_path(TinyXML_INCLUDE_DIR tinyxml.h)
+find_library(TinyXML_LIBRARY NAMES libtinyxml.a tinyxml)
+mark_as_advanced(TinyXML_INCLUDE_DIR TinyXML_LIBRARY)
 find_package_handle_standard_args(TinyXML REQUIRED_VARS TinyXML_LIBRARY TinyXML_INCLUDE_DIR)
 
 if(TinyXML_FOUND AND NOT TARGET TinyXML::TinyXML)

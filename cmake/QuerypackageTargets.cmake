@@ -40,7 +40,7 @@ function(querypackage_target_defaults target)
     POSITION_INDEPENDENT_CODE ON
     BUILD_RPATH_USE_ORIGIN ON)
   if(MSVC)
-    target_compile_options(${target} PRIVATE /W4 /permissive- /utf-8 /EHsc)
+    target_compile_options(${target} PRIVATE /W4 /permissive- /utf-8 /EHsc /bigobj)
     target_compile_definitions(${target} PRIVATE NOMINMAX _CRT_SECURE_NO_WARNINGS)
     if(QUERYPACKAGE_WERROR)
       target_compile_options(${target} PRIVATE /WX)

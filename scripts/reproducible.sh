@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the libraries and the program twice, in two folders, and compares the bytes.
+# Builds twice, in two folders, and compares the bytes of everything that is installed.
 #
 #   scripts/reproducible.sh [PRESET]...    release and windows-mingw by default
 set -euo pipefail
@@ -20,25 +20,18 @@ build() { # FOLDER PRESET
     { cat "$work/log"; return 1; }
 }
 
-# What is delivered: shared libraries, import libraries and programs.
-delivered() { # FOLDER PRESET
-  (cd "$1/build/$2" && find . -path ./CMakeFiles -prune -o -type f \
-    \( -name 'lib*.so.*' -o -name '*.dll' -o -name '*.dll.a' -o -name 'querypackage-cli*' \) -print |
-    grep -v '/CMakeFiles/' | sort)
-}
-
 status=0
 for preset; do
-  for folder in "${folders[@]}"; do build "$folder" "$preset"; done
-  count=0
-  while read -r file; do
-    if cmp "${folders[0]}/build/$preset/$file" "${folders[1]}/build/$preset/$file"; then
-      count=$((count + 1))
-    else
-      status=1
-    fi
-  done < <(delivered "${folders[0]}" "$preset")
-  [ "$count" -ge 3 ] || status=1
-  echo "$preset: $count files are the same bytes"
+  installed=()
+  for folder in "${folders[@]}"; do
+    build "$folder" "$preset"
+    installed+=("$folder/installed/$preset")
+    cmake --install "$folder/build/$preset" --strip --prefix "${installed[-1]}" >/dev/null
+  done
+  diff -r "${installed[@]}" || status=1
+  count=$(find "${installed[0]}" -type f | wc -l)
+  [ "$count" -gt 0 ] || status=1
+  echo "$preset: $count installed files compared"
 done
+[ "$status" -ne 0 ] || echo "the same bytes"
 exit "$status"

@@ -10,7 +10,9 @@ packages=(g++ cmake ninja-build libboost-filesystem-dev libtinyxml-dev libspdlog
           libcli11-dev nlohmann-json3-dev)
 if [ "${1:-build}" = test ]; then
   packages+=(valgrind libgtest-dev libgmock-dev libboost-dev libbenchmark-dev gcovr clang-format clang-tidy
-             locales git)
+             locales git
+             # Windows: the compilers, Wine, and what it takes to build libraries from Debian's sources.
+             g++-mingw-w64-x86-64-posix clang wine64 dpkg-dev googletest)
 fi
 
 missing=()

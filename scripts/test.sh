@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Installs what is needed, builds, and runs every test and check; the last lines say what passed.
 #
-#   release   the tests as the library ships, with the installed package and the example hosts
-#   asan      the same under AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer
-#   coverage  the same once more for the line coverage of src/module
+#   release        the tests as the library ships, with the installed package and the example hosts
+#   asan           the same under AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer
+#   coverage       the same once more for the line coverage of src/module
+#   windows-mingw  the same as programs for Windows, under Wine
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -14,7 +15,7 @@ scripts/setup.sh test
 step "formatting"
 git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run --Werror
 
-for preset in release asan coverage; do
+for preset in release asan coverage windows-mingw; do
   step "$preset: build"
   cmake --preset "$preset"
   cmake --build --preset "$preset"
@@ -28,6 +29,9 @@ gcovr --root . --filter src/module/ --exclude-throw-branches --print-summary bui
 
 step "static analysis"
 scripts/tidy.sh
+
+step "a second compiler for Windows"
+scripts/windows-clang.sh
 
 step "result"
 scripts/summary.sh build/*/tests.xml

@@ -1,0 +1,72 @@
+#!/usr/bin/env bash
+# Builds the fuzzers and runs them all, two at a time, for about so many seconds together. The last
+# lines say how many inputs each has run.
+#
+#   scripts/fuzz.sh SECONDS
+#
+# Each starts from the project's corpus and from what its earlier runs have kept in build/fuzz/corpus.
+# A finding ends its fuzzer, and this script's answer is then 1; the input stays in
+# build/fuzz/findings, and the fuzzer's output beside it says what was wrong.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+seconds=${1:?usage: scripts/fuzz.sh SECONDS}
+build=build/fuzz
+targets=(reader markers values query)
+atOnce=2
+
+cmake --preset fuzz
+cmake --build --preset fuzz
+
+# The query target fills a folder for each input: in memory, where there is such a place.
+memory=/dev/shm
+[ -w "$memory" ] || memory=${TMPDIR:-/tmp}
+TMPDIR=$(mktemp -d "$memory/querypackage-fuzz.XXXXXX")
+export TMPDIR
+trap 'rm -rf "$TMPDIR"' EXIT
+# Small caches of freed memory: most of the time would go into filling them.
+export ASAN_OPTIONS=quarantine_size_mb=8:malloc_context_size=8
+
+# The longest inputs of each, in bytes; what costs more than in proportion to the length gets less.
+declare -A longest=([reader]=2048 [markers]=4096 [values]=512 [query]=4096)
+findings=$build/findings
+rm -rf "$findings"
+mkdir -p "$findings"
+
+run() {
+  local target=$1 dictionary=$TMPDIR/$1.dict corpora=()
+  mkdir -p "$build/corpus/$target"
+  corpora=("$build/corpus/$target" "fuzz/corpus/$target")
+  case $target in
+    reader) cp fuzz/dictionaries/cimxml.dict "$dictionary" ;;
+    query) cat fuzz/dictionaries/{cimxml,query}.dict >"$dictionary" ;;
+    *) cp "fuzz/dictionaries/$target.dict" "$dictionary" ;;
+  esac
+  case $target in reader | markers) corpora+=(examples/repository) ;; esac
+  "$build/fuzz/${target}_fuzzer" -dict="$dictionary" -max_len="${longest[$target]}" \
+    -max_total_time=$((seconds * atOnce / ${#targets[@]})) -timeout=600 -print_final_stats=1 \
+    -artifact_prefix="$findings/$target-" "${corpora[@]}" >"$findings/$target.log" 2>&1
+}
+
+status=0
+for ((first = 0; first < ${#targets[@]}; first += atOnce)); do
+  pids=()
+  for target in "${targets[@]:first:atOnce}"; do
+    run "$target" &
+    pids+=($!)
+  done
+  for pid in "${pids[@]}"; do wait "$pid" || status=1; done
+done
+
+total=0
+for target in "${targets[@]}"; do
+  runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$findings/$target.log")
+  printf 'fuzz: %-8s %12d executions\n' "$target" "${runs:-0}"
+  total=$((total + ${runs:-0}))
+done
+printf 'fuzz: %-8s %12d executions\n' total "$total"
+[ "$status" = 0 ] || {
+  echo "fuzz: findings in $findings:"
+  find "$findings" -type f
+  tail -n 30 "$findings"/*.log
+} >&2
+exit "$status"

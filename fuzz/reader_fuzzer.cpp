@@ -36,13 +36,16 @@ void CheckOutline(const std::string& buffer, const TiXmlDocument& tree, const Xm
   }
 }
 
-void CheckLostAmpersands(const std::string& buffer) {
+void CheckLostAmpersands(const std::string& bytes, const std::string& buffer) {
   constexpr std::size_t most = 8;
   const LostAmpersandOffsets lost = OutlineLostAmpersands(buffer.data(), most);
   Require(lost.offsets.size() == std::min(lost.count, most), "a place for each of the first");
   for (const std::size_t offset : lost.offsets) {
     Require(buffer[offset] == '&', "an ampersand at its place");
   }
+  const LostAmpersands found = FindLostAmpersands(bytes, most);
+  Require(found.count == lost.count, "the ampersands of the outline");
+  Require(found.first.size() == lost.offsets.size(), "a line and a column for each of the first");
 }
 
 // What tools ask of a property beside its values.
@@ -100,8 +103,7 @@ void Check(const std::string& bytes) {
   CheckOutline(buffer, tree, {3, 2});
   const bool isOverLimits = Testing::PlainLimitFault(tree, XmlLimits()) != XmlLimitFault::None;
   CheckContent(bytes, isOverLimits ? PlainContent() : Testing::PlainContentOf(tree));
-  CheckLostAmpersands(buffer);
-  static_cast<void>(FindLostAmpersands(bytes, 8));
+  CheckLostAmpersands(bytes, buffer);
 }
 
 }  // namespace

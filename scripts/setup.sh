@@ -4,10 +4,14 @@
 #
 #   scripts/setup.sh          what it takes to build
 #   scripts/setup.sh test     and to run all tests and checks
+#   scripts/setup.sh fuzz     and to fuzz; this takes Clang and its runtime libraries
 set -euo pipefail
 
 packages=(g++ cmake ninja-build libboost-filesystem-dev libtinyxml-dev libspdlog-dev libfmt-dev
           libcli11-dev nlohmann-json3-dev)
+if [ "${1:-build}" = fuzz ]; then
+  packages+=(clang libclang-rt-dev libgtest-dev libgmock-dev libboost-dev)
+fi
 if [ "${1:-build}" = test ]; then
   packages+=(valgrind libgtest-dev libgmock-dev libboost-dev libbenchmark-dev gcovr clang-format clang-tidy
              locales git

@@ -219,7 +219,8 @@ class PlainQueryOnDisk : public PlainQueryTest {
     PlainFile file{name, Kind::Individual, {}};
     if (pick.OneIn(2)) file.kind = Kind::Pack;
     if (pick.OneIn(12))
-      file.kind = pick.Of<Kind>({Kind::Neither, Kind::BrokenIndividual, Kind::BrokenPack});
+      file.kind = pick.Of<Kind>({Kind::Neither, Kind::BrokenIndividual, Kind::BrokenPack,
+                                 Kind::RootlessIndividual, Kind::RootlessPack});
     if (file.kind == Kind::Individual) {
       file.instances = {pick.OneIn(20) ? SupXmlProperties() : random.Package()};
     } else if (file.kind == Kind::Pack) {
@@ -255,6 +256,10 @@ class PlainQueryOnDisk : public PlainQueryTest {
         return "<CIM><SystemUpdateElement>";
       case Kind::BrokenPack:
         return "<CIM><ORXQDL_SystemUpdateProduct>";
+      case Kind::RootlessIndividual:
+        return "<!-- SystemUpdateElement -->";
+      case Kind::RootlessPack:
+        return "<!-- ORXQDL_SystemUpdateProduct -->";
       case Kind::Neither:
         break;
     }

@@ -1,7 +1,7 @@
 #include "plain_properties.h"
 
 #include <cctype>
-#include <cstdlib>
+#include <cstdint>
 
 namespace Vornik::Testing {
 
@@ -37,7 +37,17 @@ std::vector<std::string> PlainValues(const std::string& name, const SupXmlProper
 }
 
 int PlainNumber(const std::string& text) {
-  return std::atoi(text.c_str());  // NOLINT(cert-err34-c): no number is 0 here, not an error
+  std::size_t at = 0;
+  while (at < text.size() && std::isspace(static_cast<unsigned char>(text[at])) != 0) ++at;
+  const bool isNegative = at < text.size() && text[at] == '-';
+  if (at < text.size() && (text[at] == '-' || text[at] == '+')) ++at;
+  std::uint64_t number = 0;
+  const std::uint64_t most = (std::uint64_t{1} << 63U) - (isNegative ? 0 : 1);
+  for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at) {
+    const auto digit = static_cast<std::uint64_t>(text[at] - '0');
+    number = number > (most - digit) / 10 ? most : number * 10 + digit;
+  }
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(isNegative ? 0 - number : number));
 }
 
 }  // namespace Vornik::Testing

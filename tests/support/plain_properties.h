@@ -12,8 +12,8 @@ namespace Vornik::Testing {
 std::string PlainValue(const std::string& name, const SupXmlProperties& properties);
 std::vector<std::string> PlainValues(const std::string& name, const SupXmlProperties& properties);
 
-// Leading blanks, a sign, digits up to the first other character; 0 where there are none. For
-// numbers of at most 32 bits.
+// Leading blanks, a sign, digits up to the first other character; 0 where there are none. Held at
+// what 64 bits take, then cut to 32.
 int PlainNumber(const std::string& text);
 
 }  // namespace Vornik::Testing

@@ -1,7 +1,6 @@
 #include "plain_results.h"
 
-#include <utility>
-
+#include "plain_driver_files.h"
 #include "plain_properties.h"
 
 namespace Vornik::Testing {
@@ -9,13 +8,6 @@ namespace Vornik::Testing {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-std::string Bracketed(const std::string& text) {
-  const std::size_t open = text.find('[');
-  const std::size_t close = text.find(']');
-  if (open == std::string::npos || close == std::string::npos || close < open) return text;
-  return text.substr(open + 1, close - open - 1);
-}
 
 bool FitsMachineType(const QueryPackageImp& query, const SupXmlProperties& pack, PlainLog& log) {
   if (query.machineType.empty()) return true;
@@ -25,7 +17,7 @@ bool FitsMachineType(const QueryPackageImp& query, const SupXmlProperties& pack,
     return false;
   }
   for (const std::string& value : values) {
-    if (Bracketed(value) == query.machineType) return true;
+    if (PlainBracketed(value) == query.machineType) return true;
   }
   return false;
 }
@@ -43,28 +35,6 @@ bool FitsSystem(const QueryPackageImp& query, const SupXmlProperties& pack, Plai
     if (number == 0 || static_cast<std::uint32_t>(number) == system) return true;
   }
   return false;
-}
-
-// The first and the second token; two empty texts where there are not exactly two.
-std::pair<std::string, std::string> NameAndVersion(const std::string& value, PlainLog& log) {
-  if (value.empty()) return {};
-  std::size_t begin = 0;
-  while (begin < value.size() && (value[begin] == '-' || value[begin] == '#')) ++begin;
-  Texts tokens;
-  std::string token;
-  for (std::size_t i = begin; i < value.size(); ++i) {
-    if (value[i] == '-' && i + 1 < value.size() && value[i + 1] == '#') {
-      if (!token.empty()) tokens.push_back(token);
-      token.clear();
-      ++i;
-    } else {
-      token += value[i];
-    }
-  }
-  if (!token.empty()) tokens.push_back(token);
-  if (tokens.size() == 2) return {tokens[0], tokens[1]};
-  log.Warning("Fail to parse driverFiles's property value");
-  return {};
 }
 
 // The last component of a path without its last extension.
@@ -118,25 +88,6 @@ int PlainPackChoice(const QueryPackageImp& query, PlainLog& log) {
     }
   }
   return chosen;
-}
-
-std::vector<QueryPackageResult::DriverFile> PlainDriverFiles(const SupXmlProperties& properties,
-                                                             PlainLog& log) {
-  std::vector<QueryPackageResult::DriverFile> files;
-  const Texts values = PlainValues("driverFiles", properties);
-  if (values.empty()) {
-    const std::string name = PlainValue("category", properties);
-    const std::string version = Bracketed(PlainValue("Version", properties));
-    if (!name.empty() && !version.empty()) files.push_back({name, version, ""});
-    return files;
-  }
-  const Texts classifications = PlainValues("driverFilesClassification", properties);
-  for (std::size_t k = 0; k < values.size(); ++k) {
-    const auto [name, version] = NameAndVersion(values[k], log);
-    const std::string classification = classifications.empty() ? "" : classifications.at(k);
-    if (!name.empty() && !version.empty()) files.push_back({name, version, classification});
-  }
-  return files;
 }
 
 bool PlainBuild(const QueryPackageImp& query, PlainRecords& records, PlainLog& log) {

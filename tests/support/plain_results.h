@@ -11,11 +11,8 @@ namespace Vornik::Testing {
 // The index of the pack that is chosen, or -1.
 int PlainPackChoice(const QueryPackageImp& query, PlainLog& log);
 
-// Each package has either no classification or at least one per driver file.
-std::vector<QueryPackageResult::DriverFile> PlainDriverFiles(const SupXmlProperties& properties,
-                                                             PlainLog& log);
-
-// False: there is nothing to go on with.
+// Each package has either no classification or at least one per driver file. False: there is
+// nothing to go on with.
 bool PlainBuild(const QueryPackageImp& query, PlainRecords& records, PlainLog& log);
 
 }  // namespace Vornik::Testing

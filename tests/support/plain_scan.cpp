@@ -9,7 +9,7 @@ namespace {
 using Kind = PlainFile::Kind;
 
 bool EndsInXml(const std::string& name) {
-  return name.size() > 4 && name.substr(name.size() - 4) == ".xml";
+  return name.size() >= 4 && name.substr(name.size() - 4) == ".xml";
 }
 
 std::string WithPreferredSeparators(std::string path) {
@@ -27,6 +27,10 @@ void LoadPack(const PlainFile& file, const std::string& path, QueryPackageImp& q
     return;
   }
   log.Progress("Load Kovu XML's root node");
+  if (file.kind == Kind::RootlessPack) {
+    log.Error("Faile to load Kovu XML's root node");
+    return;
+  }
   if (file.instances.empty()) {
     log.Error("UpdateElements in Kovu is empty");
     return;
@@ -56,6 +60,10 @@ void LoadIndividual(const PlainFile& file, const std::string& path, QueryPackage
     return;
   }
   log.Progress("Load Package XML's root node");
+  if (file.kind == Kind::RootlessIndividual) {
+    log.Error("Faile to load Package XML's root node");
+    return;
+  }
   log.Progress("Get Package XML's property value");
   if (file.instances.at(0).empty()) {
     log.Error("Faile to load Package XML's property value");
@@ -64,9 +72,14 @@ void LoadIndividual(const PlainFile& file, const std::string& path, QueryPackage
   query.packageXmlEntries.push_back({path, file.instances.at(0)});
 }
 
+bool IsPack(const PlainFile& file) {
+  return file.kind == Kind::Pack || file.kind == Kind::BrokenPack ||
+         file.kind == Kind::RootlessPack;
+}
+
 void Load(const PlainFile& file, QueryPackageImp& query, PlainLog& log) {
   const std::string path = query.xmlPackageFolder + PlainSeparator() + file.name;
-  if (file.kind == Kind::Pack || file.kind == Kind::BrokenPack) {
+  if (IsPack(file)) {
     log.Progress(path + " is Kovu xml");
     LoadPack(file, path, query, log);
     return;

@@ -18,6 +18,8 @@ struct PlainFile {
     Neither,           // well-formed, and without a marker
     BrokenIndividual,  // the marker in a document that cannot be read
     BrokenPack,
+    RootlessIndividual,  // the marker in a document that is read but has no element
+    RootlessPack,
   };
 
   std::string name;

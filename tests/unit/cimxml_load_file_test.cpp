@@ -10,104 +10,28 @@
 #include <vector>
 
 #include "cimxml.h"
+#include "plain_cimxml.h"
 #include "random_pick.h"
 #include "random_xml.h"
 #include "temp_folder.h"
 
 namespace Vornik {
 
-// Found by the comparisons of vectors.
-static bool operator==(const SupXmlProperty& a, const SupXmlProperty& b) {
-  return a.name == b.name && a.type == b.type && a.values == b.values;
-}
-
 namespace {
 
+using Testing::PlainContent;
 using Testing::RandomPick;
 using Testing::RandomXml;
 using Testing::TempFolder;
 
-// Everything that the library takes from a document.
-struct Content {
-  bool loaded = false;
-  bool hasRoot = false;
-  SupXmlProperties properties;
-  bool hasMisfit = false;
-  std::vector<SupXmlProperties> instances;
-
-  bool operator==(const Content& other) const {
-    return loaded == other.loaded && hasRoot == other.hasRoot && properties == other.properties &&
-           hasMisfit == other.hasMisfit && instances == other.instances;
-  }
-};
-
-void PlainTexts(const TiXmlNode* value, std::vector<std::string>& values) {
-  for (const TiXmlNode* text = value->FirstChild(); text != nullptr; text = text->NextSibling()) {
-    if (text->ToText() != nullptr) values.emplace_back(text->Value());
-  }
-}
-
-void PlainValues(const TiXmlNode* parent, std::vector<std::string>& values) {
-  for (const TiXmlNode* child = parent->FirstChild(); child != nullptr;
-       child = child->NextSibling()) {
-    if (child->ToElement() != nullptr && std::string(child->Value()) == "VALUE") {
-      PlainTexts(child, values);
-    }
-  }
-}
-
-void PlainProperties(const TiXmlNode* node, SupXmlProperties& properties) {
-  const std::string name = node->ToElement() != nullptr ? node->Value() : "";
-  if (name == "PROPERTY" || name == "PROPERTY.ARRAY") {
-    SupXmlProperty property;
-    for (const TiXmlAttribute* attribute = node->ToElement()->FirstAttribute();
-         attribute != nullptr; attribute = attribute->Next()) {
-      if (std::string(attribute->Name()) == "NAME") property.name = attribute->Value();
-      if (std::string(attribute->Name()) == "TYPE") property.type = attribute->Value();
-    }
-    if (name == "PROPERTY") PlainValues(node, property.values);
-    for (const TiXmlNode* child = node->FirstChild(); child != nullptr && name != "PROPERTY";
-         child = child->NextSibling()) {
-      if (child->ToElement() != nullptr && std::string(child->Value()) == "VALUE.ARRAY") {
-        PlainValues(child, property.values);
-      }
-    }
-    properties.push_back(property);
-  }
-  for (const TiXmlNode* child = node->FirstChild(); child != nullptr;
-       child = child->NextSibling()) {
-    PlainProperties(child, properties);
-  }
-}
-
-void PlainInstances(const TiXmlNode* node, Content& content) {
-  const TiXmlElement* element = node->ToElement();
-  if (element != nullptr && std::string(element->Value()) == "INSTANCE" &&
-      element->FirstAttribute() != nullptr) {
-    if (std::string(element->FirstAttribute()->Name()) != "CLASSNAME") content.hasMisfit = true;
-    if (content.hasMisfit) return;
-    PlainProperties(element, content.instances.emplace_back());
-  }
-  for (const TiXmlNode* child = node->FirstChild(); child != nullptr && !content.hasMisfit;
-       child = child->NextSibling()) {
-    PlainInstances(child, content);
-  }
-}
-
-Content PlainContent(const std::string& path) {
-  Content content;
+PlainContent ContentOfTinyXml(const std::string& path) {
   TiXmlDocument document(path);
-  content.loaded = document.LoadFile(TIXML_ENCODING_UNKNOWN);
-  const TiXmlNode* root = content.loaded ? document.FirstChildElement() : nullptr;
-  content.hasRoot = root != nullptr;
-  if (root == nullptr) return content;
-  PlainProperties(root, content.properties);
-  PlainInstances(root, content);
-  return content;
+  document.LoadFile(TIXML_ENCODING_UNKNOWN);
+  return Testing::PlainContentOf(document);
 }
 
-Content ContentOf(const std::string& path, DescriptorKind kind, Positions positions) {
-  Content content;
+PlainContent ContentOf(const std::string& path, DescriptorKind kind, Positions positions) {
+  PlainContent content;
   CimXmlDocument document;
   content.loaded = document.LoadFile(path, kind, positions).fault == LoadFault::None;
   content.hasRoot = document.Root() != nullptr;
@@ -123,14 +47,7 @@ Content ContentOf(const std::string& path, DescriptorKind kind, Positions positi
 // LoadFile allocates one byte more than the file has, and steps over a character by its lead byte's
 // word: a lead byte that reaches further than that one byte takes it out of its buffer.
 bool LoadFileStaysInside(const std::string& bytes) {
-  std::string buffer = bytes;
-  std::size_t to = 0;
-  for (std::size_t from = 0; from < bytes.size() && bytes[from] != '\0'; ++from) {
-    const bool isCarriageReturn = bytes[from] == '\r';
-    buffer[to++] = isCarriageReturn ? '\n' : bytes[from];
-    if (isCarriageReturn && from + 1 < bytes.size() && bytes[from + 1] == '\n') ++from;
-  }
-  if (to < buffer.size()) buffer[to] = '\0';
+  const std::string buffer = Testing::PlainFileBuffer(bytes).substr(0, bytes.size());
   for (std::size_t left = 1; left <= 3 && left <= buffer.size(); ++left) {
     const auto lead = static_cast<unsigned char>(buffer[buffer.size() - left]);
     if (static_cast<std::size_t>(TiXmlBase::utf8ByteTable[lead]) > left) return false;
@@ -147,7 +64,7 @@ struct Shares {
   std::size_t withInstances = 0;
   std::size_t withMisfit = 0;
 
-  void Count(const Content& content) {
+  void Count(const PlainContent& content) {
     ++compared;
     if (!content.loaded) ++failed;
     if (content.loaded && !content.hasRoot) ++withoutRoot;
@@ -176,10 +93,11 @@ TEST(CimXmlLoadFile, GivesWhatTinyXmlGives) {
     // Some file systems flush a file that is cut and written again.
     ASSERT_EQ(std::remove(path.c_str()), 0);
     folder.Write("d.xml", bytes);
-    const Content plain = PlainContent(path);
+    const PlainContent plain = ContentOfTinyXml(path);
+    ASSERT_TRUE(Testing::PlainContentOf(bytes) == plain) << testing::PrintToString(bytes);
     const auto kind = pick.OneIn(2) ? DescriptorKind::Individual : DescriptorKind::Pack;
     const auto positions = pick.OneIn(4) ? Positions::Tracked : Positions::Ignored;
-    ASSERT_EQ(ContentOf(path, kind, positions), plain)
+    ASSERT_TRUE(ContentOf(path, kind, positions) == plain)
         << "document " << shares.compared << ": " << testing::PrintToString(bytes);
     shares.Count(plain);
   }

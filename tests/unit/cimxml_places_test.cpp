@@ -10,6 +10,8 @@
 namespace Vornik {
 namespace {
 
+using namespace std::string_literals;
+
 CimXmlDocument Loaded(const std::string& text) {
   CimXmlDocument document;
   const LoadOutcome outcome =
@@ -129,6 +131,14 @@ TEST(FindLostAmpersands, FindsThoseThatBeginNoReference) {
     EXPECT_EQ(places, one.places) << one.text;
     EXPECT_EQ(lost.count, one.places.size()) << one.text;
   }
+}
+
+// A character takes the walk over the zero byte, to line ends that were left as they are.
+TEST(FindLostAmpersands, HavePlacesBehindAZeroByte) {
+  const LostAmpersands lost = FindLostAmpersands("\xEF\xBB\xBF<a>\xC3\0\r\n &</a>"s, 10);
+  ASSERT_EQ(lost.first.size(), 1U);
+  EXPECT_EQ(lost.first[0].line, 2);
+  EXPECT_EQ(lost.first[0].column, 2);
 }
 
 TEST(FindLostAmpersands, AreTheOnesThatAValueLacks) {

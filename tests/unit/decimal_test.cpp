@@ -7,6 +7,8 @@
 #include <string>
 #include <utility>
 
+#include "plain_properties.h"
+
 namespace Vornik {
 namespace {
 
@@ -48,7 +50,10 @@ TEST(ParseDecimal, Cases) {
       {"-9223372036854775808", 0},
       {"-99999999999999999999", 0},
   };
-  for (const auto& [text, number] : cases) EXPECT_EQ(ParseDecimal(text), number) << text;
+  for (const auto& [text, number] : cases) {
+    EXPECT_EQ(ParseDecimal(text), number) << text;
+    EXPECT_EQ(Testing::PlainNumber(text), number) << text;
+  }
 }
 
 }  // namespace

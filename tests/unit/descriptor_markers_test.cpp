@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "literals.h"
+#include "plain_markers.h"
 #include "random_pick.h"
 #include "temp_folder.h"
 
@@ -112,7 +113,7 @@ void AddMarkersOf(const char* line, DescriptorMarkers& markers) {
 }
 
 // What fgets and strstr find in a file of these bytes.
-DescriptorMarkers PlainMarkers(std::FILE* file, std::string_view text) {
+DescriptorMarkers MarkersByFgets(std::FILE* file, std::string_view text) {
   std::rewind(file);
   EXPECT_EQ(std::fwrite(text.data(), 1, text.size(), file), text.size());
   std::rewind(file);
@@ -152,7 +153,8 @@ TEST(DescriptorMarkers, AreFoundAsFgetsHandsOutTheText) {
   std::size_t missed = 0;
   for (std::size_t i = 0; i < texts; ++i) {
     const std::string text = RandomText(pick);
-    const DescriptorMarkers plain = PlainMarkers(file.get(), text);
+    const DescriptorMarkers plain = MarkersByFgets(file.get(), text);
+    ASSERT_EQ(Testing::PlainMarkers(text), plain) << "text " << i;
     ASSERT_EQ(FindMarkers(text), plain) << "text " << i << ": " << testing::PrintToString(text);
     if (plain.pack || plain.individual) ++found;
     if (!plain.individual && text.find(individual) != std::string::npos) ++missed;
@@ -188,6 +190,7 @@ TEST(TextMode, Translation) {
   };
   for (const auto& [bytes, text] : cases) {
     EXPECT_EQ(TranslateTextMode(bytes), text) << testing::PrintToString(bytes);
+    EXPECT_EQ(Testing::PlainTextMode(bytes), text) << testing::PrintToString(bytes);
   }
 }
 

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "plain_cimxml.h"
 #include "random_pick.h"
 #include "random_xml.h"
 
@@ -222,31 +223,12 @@ TEST(XmlLimits, TakesTimeInProportionToTheText) {
   EXPECT_EQ(Outline(attributes + ">", {1, many - 1}).fault, TooManyAttributes);
 }
 
-XmlLimitFault FirstFault(const TiXmlNode& node, std::size_t depth, const XmlLimits& limits) {
-  for (const TiXmlNode* child = node.FirstChild(); child != nullptr; child = child->NextSibling()) {
-    const TiXmlElement* element = child->ToElement();
-    if (element == nullptr) continue;
-    if (depth == limits.nesting) return NestedTooDeep;
-    std::size_t attributes = 0;
-    for (const TiXmlAttribute* attribute = element->FirstAttribute(); attribute != nullptr;
-         attribute = attribute->Next()) {
-      ++attributes;
-    }
-    if (attributes > limits.attributes) return TooManyAttributes;
-    const XmlLimitFault below = FirstFault(*element, depth + 1, limits);
-    if (below != None) return below;
-  }
-  return None;
-}
-
-// What goes past the limits in the tree that TinyXML builds. It keeps what it had of a document
-// when it gives up.
 XmlLimitFault FaultOfTree(std::string text, const XmlLimits& limits) {
   text.append(xmlTextPadding, '\0');
   TiXmlDocument document;
   document.SetTabSize(0);
   document.Parse(text.data(), nullptr, TIXML_ENCODING_UNKNOWN);
-  return FirstFault(document, 0, limits);
+  return Testing::PlainLimitFault(document, limits);
 }
 
 // Tags that open, close and fail much more often than in a descriptor.

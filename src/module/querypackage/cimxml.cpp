@@ -308,11 +308,12 @@ void CollectValues(const TiXmlNode& property, std::vector<ValueElement>& values)
 
 LostAmpersands FindLostAmpersands(std::string bytes, std::size_t most) {
   bytes.append(xmlTextPadding, '\0');
-  const std::size_t end = NormaliseLineEnds(bytes.data());
+  NormaliseLineEnds(bytes.data());
   const LostAmpersandOffsets lost = OutlineLostAmpersands(bytes.data(), most);
   LostAmpersands found;
   found.count = lost.count;
-  TextPositions positions(std::string_view(bytes).substr(0, end));
+  // The walk may go on behind the text's end, as TinyXML does.
+  TextPositions positions(bytes);
   for (const std::size_t offset : lost.offsets) found.first.push_back(positions.Of(offset));
   return found;
 }

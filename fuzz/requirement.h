@@ -1,0 +1,19 @@
+// What a fuzz target expects of the library; where it does not hold, the process ends, and the
+// fuzzer keeps the input.
+#ifndef VORNIK_FUZZ_REQUIREMENT_H
+#define VORNIK_FUZZ_REQUIREMENT_H
+
+#include <string_view>
+
+namespace Vornik::Fuzzing {
+
+// Prints what was expected, and aborts.
+[[noreturn]] void Fail(std::string_view expected, std::string_view details = {});
+
+inline void Require(bool holds, std::string_view expected) {
+  if (!holds) Fail(expected);
+}
+
+}  // namespace Vornik::Fuzzing
+
+#endif  // VORNIK_FUZZ_REQUIREMENT_H

@@ -1,0 +1,125 @@
+#include "allocation_faults.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace Vornik::Testing {
+
+namespace {
+
+// Stands before every block. Watched blocks form a ring, which also keeps a leak checker from
+// reporting them: what may be lost is for the tests to say.
+struct alignas(std::max_align_t) Header {
+  Header* previous = this;
+  Header* next = this;
+  Allocating who = Allocating::Query;
+};
+
+struct Watch {
+  bool on = false;
+  std::size_t failing = 0;
+  AllocationFault fault = AllocationFault::Once;
+  Allocating who = Allocating::Query;
+  AllocationReport report;
+  Header blocks;
+};
+
+// Not destroyed: blocks are freed until the program ends.
+Watch& TheWatch() {
+  alignas(Watch) static unsigned char storage[sizeof(Watch)];
+  static Watch& watch = *new (storage) Watch;
+  return watch;
+}
+
+void CountFailure(Watch& watch) {
+  switch (watch.who) {
+    case Allocating::Query:
+      ++watch.report.failedElsewhere;
+      break;
+    case Allocating::StreamInsertion:
+      ++watch.report.failedInInsertion;
+      break;
+    case Allocating::Parser:
+      ++watch.report.failedInParser;
+      break;
+  }
+}
+
+void Link(Header* block, Watch& watch) {
+  block->who = watch.who;
+  block->previous = watch.blocks.previous;
+  block->next = &watch.blocks;
+  block->previous->next = block;
+  watch.blocks.previous = block;
+}
+
+void Unlink(Header* block) {
+  block->previous->next = block->next;
+  block->next->previous = block->previous;
+}
+
+}  // namespace
+
+AllocatingScope::AllocatingScope(Allocating who) : before_(TheWatch().who) { TheWatch().who = who; }
+AllocatingScope::~AllocatingScope() { TheWatch().who = before_; }
+
+void WatchAllocations(std::size_t failing, AllocationFault fault) {
+  Watch& watch = TheWatch();
+  watch.report = AllocationReport();
+  watch.failing = failing;
+  watch.fault = fault;
+  watch.on = true;
+}
+
+AllocationReport StopWatching() {
+  TheWatch().on = false;
+  return TheWatch().report;
+}
+
+bool NextAllocationFails() {
+  Watch& watch = TheWatch();
+  if (!watch.on) return false;
+  const std::size_t number = watch.report.allocations++;
+  const bool fails =
+      watch.fault == AllocationFault::Once ? number == watch.failing : number >= watch.failing;
+  if (fails) CountFailure(watch);
+  return fails;
+}
+
+LostBlocks ReclaimLostBlocks() {
+  Header& ring = TheWatch().blocks;
+  LostBlocks lost;
+  while (ring.next != &ring) {
+    Header* block = ring.next;
+    ++(block->who == Allocating::Parser ? lost.ofParser : lost.ofOthers);
+    Unlink(block);
+    std::free(block);
+  }
+  return lost;
+}
+
+namespace {
+
+void* Allocate(std::size_t size) {
+  Watch& watch = TheWatch();
+  void* memory = NextAllocationFails() ? nullptr : std::malloc(sizeof(Header) + size);
+  if (memory == nullptr) throw std::bad_alloc();
+  auto* block = new (memory) Header;
+  if (watch.on) Link(block, watch);
+  return block + 1;
+}
+
+void Free(void* memory) noexcept {
+  if (memory == nullptr) return;
+  Header* block = static_cast<Header*>(memory) - 1;
+  Unlink(block);  // one that is not watched is a ring of its own
+  std::free(block);
+}
+
+}  // namespace
+
+}  // namespace Vornik::Testing
+
+void* operator new(std::size_t size) { return Vornik::Testing::Allocate(size); }
+void operator delete(void* memory) noexcept { Vornik::Testing::Free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { Vornik::Testing::Free(memory); }

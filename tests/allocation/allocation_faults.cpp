@@ -100,13 +100,19 @@ LostBlocks ReclaimLostBlocks() {
 
 namespace {
 
-void* Allocate(std::size_t size) {
+// Null where there is no memory.
+void* Allocate(std::size_t size) noexcept {
   Watch& watch = TheWatch();
   void* memory = NextAllocationFails() ? nullptr : std::malloc(sizeof(Header) + size);
-  if (memory == nullptr) throw std::bad_alloc();
+  if (memory == nullptr) return nullptr;
   auto* block = new (memory) Header;
   if (watch.on) Link(block, watch);
   return block + 1;
+}
+
+void* AllocateOrThrow(std::size_t size) {
+  if (void* memory = Allocate(size)) return memory;
+  throw std::bad_alloc();
 }
 
 void Free(void* memory) noexcept {
@@ -120,6 +126,15 @@ void Free(void* memory) noexcept {
 
 }  // namespace Vornik::Testing
 
-void* operator new(std::size_t size) { return Vornik::Testing::Allocate(size); }
-void operator delete(void* memory) noexcept { Vornik::Testing::Free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { Vornik::Testing::Free(memory); }
+using Vornik::Testing::Allocate;
+using Vornik::Testing::AllocateOrThrow;
+using Vornik::Testing::Free;
+
+void* operator new(std::size_t size) { return AllocateOrThrow(size); }
+void* operator new[](std::size_t size) { return AllocateOrThrow(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
+void operator delete(void* memory) noexcept { Free(memory); }
+void operator delete[](void* memory) noexcept { Free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { Free(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { Free(memory); }

@@ -17,6 +17,7 @@ struct alignas(std::max_align_t) Header {
 
 struct Watch {
   bool on = false;
+  bool spared = false;
   std::size_t failing = 0;
   AllocationFault fault = AllocationFault::Once;
   Allocating who = Allocating::Query;
@@ -76,9 +77,12 @@ AllocationReport StopWatching() {
   return TheWatch().report;
 }
 
+SparedAllocations::SparedAllocations() : before_(TheWatch().spared) { TheWatch().spared = true; }
+SparedAllocations::~SparedAllocations() { TheWatch().spared = before_; }
+
 bool NextAllocationFails() {
   Watch& watch = TheWatch();
-  if (!watch.on) return false;
+  if (!watch.on || watch.spared) return false;
   const std::size_t number = watch.report.allocations++;
   const bool fails =
       watch.fault == AllocationFault::Once ? number == watch.failing : number >= watch.failing;

@@ -38,6 +38,18 @@ void WatchAllocations(std::size_t failing, AllocationFault fault);
 // Ends the watch; nothing fails any more.
 AllocationReport StopWatching();
 
+// While it lives, no allocation counts or fails.
+class SparedAllocations {
+ public:
+  SparedAllocations();
+  ~SparedAllocations();
+  SparedAllocations(const SparedAllocations&) = delete;
+  SparedAllocations& operator=(const SparedAllocations&) = delete;
+
+ private:
+  bool before_;
+};
+
 // Whether the allocation that is about to be made fails; to be asked by whoever stands in for a
 // function that allocates otherwise.
 bool NextAllocationFails();

@@ -317,13 +317,17 @@ TEST_F(HostileFolderTest, NamesThatAreNoText) {
 
 #else
 
-// Outside every single-byte encoding, and no text at all.
+// Outside every single-byte encoding, and, where a file system takes it, no text at all.
 TEST_F(HostileFolderTest, NamesThatTheEncodingLacks) {
-  for (const wchar_t* name : {L"\u5957\u4EF6.xml", L"m\xD800.xml"}) {
-    fs::copy_file(PathOf("a_sound.xml"), fs::path(folder.Path()) / name);
+  std::size_t written = 0;
+  for (const wchar_t* name : {L"m\u5957\u4EF6.xml", L"n\xD800.xml"}) {
+    boost::system::error_code error;
+    fs::copy_file(PathOf("a_sound.xml"), fs::path(folder.Path()) / name, error);
+    if (!error) ++written;
   }
+  ASSERT_GE(written, 1U);
   RunBesideSound();
-  EXPECT_EQ(FileErrors().size(), 2U);
+  EXPECT_EQ(FileErrors().size(), written);
   EXPECT_EQ(results.size(), 2U);
 }
 

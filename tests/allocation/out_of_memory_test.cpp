@@ -11,7 +11,7 @@
 #include <vector>
 
 #ifdef _WIN32
-#include <boost/filesystem/operations.hpp>
+#include <boost/filesystem/path.hpp>
 #else
 #include <dlfcn.h>
 #endif
@@ -42,19 +42,19 @@ extern "C" void __wrap__ZN13TiXmlDocumentC1Ev(void* memory) { new (memory) Watch
 
 #ifdef _WIN32
 
-// On Windows, asking for a file's kind compares paths, and Boost declares that comparison to throw
-// nothing although it allocates: memory that runs out there ends the process, whatever its caller
-// does. That one function of Boost's is spared.
-extern "C" boost::filesystem::file_status
-__real__ZN5boost10filesystem6detail6statusERKNS0_4pathEPNS_6system10error_codeE(
-    const boost::filesystem::path&, boost::system::error_code*);
+// On Windows Boost asks for the extension of every path whose kind it finds. That compares paths in
+// a function that is declared to throw nothing although it allocates: memory that runs out there
+// ends the process, whatever its caller does. So it is spared.
+struct BoostPath : boost::filesystem::path {
+  boost::filesystem::path SparedExtension() const
+      __asm__("__wrap__ZNK5boost10filesystem4path9extensionEv");
+  boost::filesystem::path RealExtension() const
+      __asm__("__real__ZNK5boost10filesystem4path9extensionEv");
+};
 
-extern "C" boost::filesystem::file_status
-__wrap__ZN5boost10filesystem6detail6statusERKNS0_4pathEPNS_6system10error_codeE(
-    const boost::filesystem::path& path, boost::system::error_code* error) {
+boost::filesystem::path BoostPath::SparedExtension() const {
   const Vornik::Testing::SparedAllocations spared;
-  return __real__ZN5boost10filesystem6detail6statusERKNS0_4pathEPNS_6system10error_codeE(path,
-                                                                                         error);
+  return RealExtension();
 }
 
 #else

@@ -89,8 +89,10 @@ TEST(DescriptorFiles, APipeIsNotOpened) {
   const std::string pipe = folder.Path() + "/pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   EXPECT_FALSE(IsRegularFile(pipe));
-  EXPECT_EQ(ReadRegularFile(pipe), std::nullopt);  // an open would wait for a writer
+  EXPECT_EQ(ReadRegularFile(pipe), std::nullopt);       // an open would wait for a writer
+  EXPECT_EQ(ReadKnownRegularFile(pipe), std::nullopt);  // a regular file before
   EXPECT_FALSE(IsRegularFile("/dev/null"));
+  EXPECT_EQ(ReadKnownRegularFile("/dev/null"), std::nullopt);
 }
 
 TEST(DescriptorFiles, NamesAreBytes) {

@@ -80,10 +80,24 @@ TEST(PackagePaths, OwnInstanceNamesNoFileOrThePackItself) {
   }
 }
 
+TEST(PackagePaths, HasDescriptorExtension) {
+  const std::pair<std::string, bool> cases[] = {
+      {"a.xml", true},     {"a.b.xml", true},  {".xml", true},   {"/p/a b.xml", true},
+      {"", false},         {"xml", false},     {"a.XML", false}, {"a.xml.bak", false},
+      {"a.xml ", false},   {"axml", false},    {"a.xm", false},  {"a.xmll", false},
+      {"/p.xml/a", false}, {"/p.xml/", false},
+  };
+  for (const auto& [path, expected] : cases) {
+    EXPECT_EQ(HasDescriptorExtension(path), expected) << path;
+    EXPECT_EQ(HasDescriptorExtension(std::wstring(path.begin(), path.end())), expected) << path;
+  }
+}
+
 TEST(PackagePaths, FileStem) {
   for (const auto& [path, stem] :
        {std::pair{"dir/pack_a.xml", "pack_a"}, std::pair{"dir/p.1.xml", "p.1"},
-        std::pair{"dir/.xml", ""}, std::pair{"dir/p", "p"}, std::pair{"", ""}}) {
+        std::pair{"dir/.xml", ""}, std::pair{"dir/p", "p"}, std::pair{"", ""}, std::pair{".", "."},
+        std::pair{"dir/..", ".."}, std::pair{"dir/", "."}}) {
     EXPECT_EQ(FileStem(path), stem) << path;
   }
 }

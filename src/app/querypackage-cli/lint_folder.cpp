@@ -32,7 +32,7 @@ std::vector<Entry> ListDescriptors(LintFolder& folder) {
   try {
     for (fs::directory_iterator entry{fs::path(folder.path)}, end; entry != end; ++entry) {
       const fs::path& path = entry->path();
-      if (path.extension().string() != descriptorExtension) continue;
+      if (!HasDescriptorExtension(path.native())) continue;
       entries.push_back({path.string(), path.filename().string()});
     }
   } catch (const boost::system::system_error& error) {

@@ -59,10 +59,12 @@ class Components {
     path_.pop_back();
     if (!path_.empty()) low_[path_.back().node] = std::min(low_[path_.back().node], low_[node]);
     if (low_[node] != order_[node]) return;
-    const auto begin = std::find(open_.rbegin(), open_.rend(), node).base() - 1;
-    std::vector<std::size_t> component(begin, open_.end());
-    open_.erase(begin, open_.end());
-    for (const std::size_t member : component) isOpen_[member] = false;
+    std::vector<std::size_t> component;
+    while (isOpen_[node]) {
+      component.push_back(open_.back());
+      open_.pop_back();
+      isOpen_[component.back()] = false;
+    }
     std::sort(component.begin(), component.end());
     if (component.size() > 1) rings_.push_back(std::move(component));
   }

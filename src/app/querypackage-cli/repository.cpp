@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "descriptor_classification.h"
-#include "literals.h"
 #include "pack_members.h"
+#include "package_paths.h"
 
 namespace Vornik::Cli {
 
@@ -94,7 +94,7 @@ Repository ReadRepository(const std::string& folder) {
   Repository repository;
   try {
     for (fs::directory_iterator entry{fs::path(folder)}, end; entry != end; ++entry) {
-      if (entry->path().extension().string() == descriptorExtension) {
+      if (HasDescriptorExtension(entry->path().native())) {
         ReadOne(entry->path(), repository);
       }
     }

@@ -42,7 +42,7 @@ void AddIfUnread(const fs::path& path, bool inSubfolder, std::vector<UnreadFile>
   file.path = path.string();
   file.name = path.filename().string();
   file.inSubfolder = inSubfolder;
-  file.otherExtension = path.extension().string() != descriptorExtension;
+  file.otherExtension = !HasDescriptorExtension(path.native());
   if (!file.inSubfolder && !file.otherExtension) return;
   if (!MayNameDescriptor(FoldByGlobalLocale(file.name)) || !IsRegularFile(file.path)) return;
   files.push_back(std::move(file));

@@ -2,8 +2,6 @@
 
 #include <boost/filesystem/path.hpp>
 
-#include "literals.h"
-
 namespace Vornik {
 
 namespace {
@@ -32,7 +30,11 @@ bool IsPacksOwnInstance(const std::string& packPath, const std::string& xmlFilen
   return xmlFilename.empty() || xmlFilename == path(packPath).filename().string();
 }
 
-std::string FileStem(const std::string& file) { return path(file).stem().string(); }
+// Not path::stem, which ends the process where memory runs out.
+std::string FileStem(const std::string& file) {
+  const std::string name = path(file).filename().string();
+  return name == "." || name == ".." ? name : name.substr(0, name.rfind('.'));
+}
 
 bool MayNameDescriptor(const std::string& file) {
   return file.find(descriptorExtension) != std::string::npos;

@@ -8,7 +8,11 @@
 #ifndef VORNIK_QUERYPACKAGE_PACKAGE_PATHS_H
 #define VORNIK_QUERYPACKAGE_PACKAGE_PATHS_H
 
+#include <algorithm>
 #include <string>
+#include <string_view>
+
+#include "literals.h"
 
 namespace Vornik {
 
@@ -23,6 +27,15 @@ bool IsPacksOwnInstance(const std::string& packPath, const std::string& xmlFilen
 
 // The last component of a path without its last extension. ".xml" has an empty stem.
 std::string FileStem(const std::string& path);
+
+// Whether a file in a folder is a descriptor by its name: it ends in ".xml", in these letters. For
+// paths of either character type. Boost's path::extension ends the process where memory runs out.
+template <typename Character>
+bool HasDescriptorExtension(const std::basic_string<Character>& path) {
+  constexpr std::string_view extension = descriptorExtension;
+  return path.size() >= extension.size() &&
+         std::equal(extension.rbegin(), extension.rend(), path.rbegin());
+}
 
 // Whether a path can name a descriptor at all: it holds ".xml" somewhere.
 bool MayNameDescriptor(const std::string& path);

@@ -204,7 +204,7 @@ bool QueryPackageImp::ParseXmlPackageFolder() {
     }
     for (fs::directory_iterator entry(folder), end; entry != end; ++entry) {
       const fs::path& path = entry->path();
-      if (path.extension().string() != descriptorExtension) continue;
+      if (!HasDescriptorExtension(path.native())) continue;
       LoadDescriptor(path.string(), path.filename().string(), BytesOf(*entry));
     }
   } catch (const fs::filesystem_error& error) {

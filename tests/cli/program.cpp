@@ -42,6 +42,22 @@ std::string WithoutCarriageReturns(std::string text) {
   return text;
 }
 
+// Wine now and then loses a process before anything of it has run; such a start is repeated.
+template <typename Start>
+bp::child Started(const Start& start) {
+#ifdef _WIN32
+  constexpr int lost = 1359;  // ERROR_INTERNAL_ERROR
+  for (int again = 2; again > 0; --again) {
+    try {
+      return start();
+    } catch (const bp::process_error& error) {
+      if (error.code().value() != lost) throw;
+    }
+  }
+#endif
+  return start();
+}
+
 }  // namespace
 
 Outcome RunProgram(const std::string& program, const Arguments& arguments,
@@ -49,8 +65,10 @@ Outcome RunProgram(const std::string& program, const Arguments& arguments,
   TempFolder folder;
   const std::string out = folder.Write("out", "");
   const std::string err = folder.Write("err", "");
-  bp::child child(ProgramAndArguments(program, arguments), EnvironmentWith(variables),
-                  bp::std_in<bp::null, bp::std_out> out, bp::std_err > err);
+  bp::child child = Started([&] {
+    return bp::child(ProgramAndArguments(program, arguments), EnvironmentWith(variables),
+                     bp::std_in<bp::null, bp::std_out> out, bp::std_err > err);
+  });
   if (!EndsWithin(child, std::chrono::seconds(60))) {
     child.terminate();
     ADD_FAILURE() << program << " does not end";

@@ -19,3 +19,12 @@ foreach(dll IN ITEMS libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
     install(FILES "${file}" DESTINATION "${CMAKE_INSTALL_BINDIR}")
   endif()
 endforeach()
+
+# strip writes the time into what it has stripped, unless it is told one; the linker's is 0.
+if(QUERYPACKAGE_INSTALL)
+  install(CODE [[
+    if(NOT DEFINED ENV{SOURCE_DATE_EPOCH})
+      set(ENV{SOURCE_DATE_EPOCH} 0)
+    endif()
+  ]])
+endif()

@@ -38,6 +38,7 @@ static_assert(sizeof(WatchedDocument) == sizeof(TiXmlDocument));
 }  // namespace
 
 // The linker puts this in the place of TiXmlDocument's constructor wherever one is made.
+// NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): it names it so
 extern "C" void __wrap__ZN13TiXmlDocumentC1Ev(void* memory) { new (memory) WatchedDocument; }
 
 #ifdef _WIN32

@@ -137,7 +137,7 @@ TEST_F(HostileFolderTest, ManyAttributes) {
 }
 
 TEST_F(HostileFolderTest, LongLine) {
-  const std::string line(50'000'000, 'x');
+  const std::string line = Repeat("x", 50'000'000);
   ExpectReported("<a>" + line + "</a>", notValid);
   ExpectReported(individualMarker + "<a>" + line + "</a>",
                  "Faile to load Package XML's property value");

@@ -87,8 +87,8 @@ enum class LintId {
 
 struct LintRule {
   LintId id;
-  const char* name;
   Severity severity;
+  const char* name;
   const char* what;    // one sentence: what is wrong, and what comes of it
   const char* remedy;  // one sentence: what to do
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <numeric>
 
 #include "literals.h"
 
@@ -60,6 +61,14 @@ std::string_view PackageIndex::Learn(const PackageXmlEntry& entry) {
   return code == nullptr ? std::string_view() : *code;
 }
 
+void PackageIndex::Reserve() {
+  if (knownIndividuals_ == 0) individualByCode_.reserve(individuals_.size());
+  if (knownPacks_ != 0) return;
+  memberByCode_.reserve(std::accumulate(
+      packs_.begin(), packs_.end(), std::size_t{0},
+      [](std::size_t count, const KovuPackEntry& pack) { return count + pack.members.size(); }));
+}
+
 void PackageIndex::Update() {
   if (!AreFoldsCurrent()) {
     for (Fold& fold : folds_) fold.folded = std::tolower(fold.byte);
@@ -67,6 +76,8 @@ void PackageIndex::Update() {
     memberByCode_.clear();
     individualByCode_.clear();
   }
+  if (knownPacks_ == packs_.size() && knownIndividuals_ == individuals_.size()) return;
+  Reserve();
   // The first one of a code stays.
   for (; knownPacks_ < packs_.size(); ++knownPacks_) {
     const auto& members = packs_[knownPacks_].members;
@@ -74,7 +85,6 @@ void PackageIndex::Update() {
       memberByCode_.try_emplace(Learn(members[i]), MemberPlace{knownPacks_, i});
     }
   }
-  if (knownIndividuals_ == 0) individualByCode_.reserve(individuals_.size());
   for (; knownIndividuals_ < individuals_.size(); ++knownIndividuals_) {
     individualByCode_.try_emplace(Learn(individuals_[knownIndividuals_]), knownIndividuals_);
   }

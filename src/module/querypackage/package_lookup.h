@@ -43,6 +43,7 @@ class PackageIndex {
   };
 
   void Update();
+  void Reserve();
   bool AreFoldsCurrent() const;
   void LearnFolds(std::string_view name);
   // The entry's code; "" if it has none.

@@ -10,6 +10,8 @@ namespace Vornik {
 
 namespace {
 
+bool IsMissing(const std::string* value) { return value == nullptr || value->empty(); }
+
 // A name that cannot be turned into a path of this system names no file.
 bool IsFileInFolder(const std::string& folder, const std::string& name) {
   try {
@@ -22,12 +24,12 @@ bool IsFileInFolder(const std::string& folder, const std::string& name) {
 }  // namespace
 
 PayloadVerdict JudgePayload(const SupXmlProperties& properties, const std::string& folder) {
-  const std::string xmlFilename = GetPropertyValue(PropertyName::xmlFilename, properties);
-  if (xmlFilename.empty()) return PayloadVerdict::NoXmlFilename;
-  const std::string payload = GetPropertyValue(PropertyName::payload, properties);
-  if (payload.empty()) return PayloadVerdict::NoPayload;
-  if (!IsFileInFolder(folder, xmlFilename)) return PayloadVerdict::DescriptorMissing;
-  if (!IsFileInFolder(folder, payload)) return PayloadVerdict::PayloadMissing;
+  const std::string* xmlFilename = FindPropertyValue(PropertyName::xmlFilename, properties);
+  if (IsMissing(xmlFilename)) return PayloadVerdict::NoXmlFilename;
+  const std::string* payload = FindPropertyValue(PropertyName::payload, properties);
+  if (IsMissing(payload)) return PayloadVerdict::NoPayload;
+  if (!IsFileInFolder(folder, *xmlFilename)) return PayloadVerdict::DescriptorMissing;
+  if (!IsFileInFolder(folder, *payload)) return PayloadVerdict::PayloadMissing;
   return PayloadVerdict::Found;
 }
 

@@ -1,6 +1,8 @@
 #include "platform_rules.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "decimal.h"
 #include "literals.h"
@@ -8,6 +10,8 @@
 namespace Vornik {
 
 namespace {
+
+bool IsMissing(const std::vector<std::string>* list) { return list == nullptr || list->empty(); }
 
 template <typename Code>
 bool MeetsCode(const std::string& listed, Code target) {
@@ -19,17 +23,18 @@ bool MeetsCode(const std::string& listed, Code target) {
 
 PlatformJudgement JudgePlatform(const SupXmlProperties& properties, OsValue osValue,
                                 ArcValue arcValue, const std::string& machineType) {
-  const auto machineTypes = GetPropertyValues(PropertyName::orderedMachineTypeList, properties);
-  if (machineTypes.empty()) return {PlatformVerdict::NoMachineTypes};
-  const auto systems = GetPropertyValues(PropertyName::orderedOSList, properties);
-  if (systems.empty()) return {PlatformVerdict::NoOperatingSystems};
-  const auto architectures = GetPropertyValues(PropertyName::orderedOSArchitectureList, properties);
-  if (architectures.empty()) return {PlatformVerdict::NoArchitectures};
+  const auto* machineTypes = FindPropertyValues(PropertyName::orderedMachineTypeList, properties);
+  if (IsMissing(machineTypes)) return {PlatformVerdict::NoMachineTypes};
+  const auto* systems = FindPropertyValues(PropertyName::orderedOSList, properties);
+  if (IsMissing(systems)) return {PlatformVerdict::NoOperatingSystems};
+  const auto* architectures =
+      FindPropertyValues(PropertyName::orderedOSArchitectureList, properties);
+  if (IsMissing(architectures)) return {PlatformVerdict::NoArchitectures};
 
-  const auto entries = std::min({machineTypes.size(), systems.size(), architectures.size()});
+  const auto entries = std::min({machineTypes->size(), systems->size(), architectures->size()});
   for (std::size_t i = 0; i < entries; ++i) {
-    if (machineTypes[i] == machineType && MeetsCode(systems[i], osValue) &&
-        MeetsCode(architectures[i], arcValue)) {
+    if ((*machineTypes)[i] == machineType && MeetsCode((*systems)[i], osValue) &&
+        MeetsCode((*architectures)[i], arcValue)) {
       return {PlatformVerdict::Matched, i};
     }
   }

@@ -102,7 +102,7 @@ Log::Log(unsigned int level, const char* file, int line)
 
 Log::~Log() noexcept(false) {
   Insertion().reset();
-  ++records;
+  if (level_ > 0 && file_ != nullptr && line_ > 0) ++records;
 }
 
 std::ostringstream& Log::Stream() {

@@ -3,6 +3,7 @@
 #
 #   release        the tests as the library ships, with the installed package and the example hosts
 #   asan           the same under AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer
+#   tsan           what runs on several threads, under ThreadSanitizer
 #   coverage       the same once more for the line coverage of src/module
 #   windows-mingw  the same as programs for Windows, under Wine
 set -euo pipefail
@@ -15,7 +16,7 @@ scripts/setup.sh test
 step "formatting"
 git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run --Werror
 
-for preset in release asan coverage windows-mingw; do
+for preset in release asan tsan coverage windows-mingw; do
   step "$preset: build"
   cmake --preset "$preset"
   cmake --build --preset "$preset"

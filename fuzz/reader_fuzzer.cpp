@@ -65,6 +65,9 @@ PlainContent Read(const std::string& bytes, DescriptorKind kind, Positions posit
   content.loaded = outcome.fault == LoadFault::None;
   Require(content.loaded == outcome.reason.empty(),
           "a reason for each fault, and for nothing else");
+  Require(outcome.fault != LoadFault::NotWellFormed ||
+              (outcome.line > 0) == (positions == Positions::Tracked),
+          "a place for each fault of TinyXML's, where places are tracked");
   content.hasRoot = document.Root() != nullptr;
   ReadProperties(document.Root(), content.properties);
   std::vector<const TiXmlNode*> elements;

@@ -127,5 +127,16 @@ TEST_F(LintAgreementTest, PackageOfTheLowerNumberIsKeptWhereVersionOrderSaysSo) 
   }
 }
 
+// A query finds the record of a code without regard to case, so both codes stand for one package.
+TEST_F(LintAgreementTest, PackageIsNotComparedWithItself) {
+  const auto text = [](const std::string& file, const std::string& code) {
+    return PutValues(PutValue(SoundText(file), "identificationCode", code), "driverFiles",
+                     {"one.sys-#1"});
+  };
+  WriteFiles(PackageFiles("a", text("a", "CODE")) + PackageFiles("b", text("b", "code")));
+  EXPECT_EQ(PlacesOf("code-case").size(), 2U);
+  EXPECT_EQ(PlacesOf("version-equal"), std::vector<std::string>());
+}
+
 }  // namespace
 }  // namespace Vornik::Testing

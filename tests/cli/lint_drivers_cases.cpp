@@ -81,6 +81,20 @@ LintCase RingCase() {
           {id + "-a.xml" + place, id + "-b.xml" + place, id + "-c.xml" + place}};
 }
 
+// A pack's own instance beside another one becomes a package; alone its driver files are not read.
+LintCase OwnInstanceCase() {
+  const std::string id = "classifications-missing";
+  const std::string file = id + "-pack.xml";
+  const std::string own = OwnInstance(file);
+  const std::string faulty =
+      PutValues(PutValues(own, files, {"a.sys-#1", "b.sys-#1"}), classes, {"x"});
+  return {id,
+          "own",
+          {{file, PackText({faulty, own})}},
+          {{file, PackText({faulty})}},
+          {file + ":" + ElementOf(PackText({faulty, own}), classes)}};
+}
+
 }  // namespace
 
 std::vector<LintCase> DriverCases() {
@@ -91,6 +105,7 @@ std::vector<LintCase> DriverCases() {
   return {
       OneCase(missing, "", fewer, WithDrivers(missing, {"a.sys-#1", "b.sys-#1"}, {"x", "y"}),
               ElementOf(fewer, classes)),
+      OwnInstanceCase(),
       OneCase(surplus, "", more, WithDrivers(surplus, {"a.sys-#1"}, {"x"}),
               ValueOf(more, classes, 1)),
       UnparsedCase("one", "b.sys#1"),

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "lint_fixture.h"
+#include "lint_json.h"
 #include "lint_report.h"
 #include "lint_rules.h"
 
@@ -45,12 +46,13 @@ TEST_F(LintOutputTest, JsonHasTheDescribedKeys) {
   const Json document = LintJson();
   std::vector<std::string> keys;
   for (const auto& [key, value] : document.items()) keys.push_back(key);
-  EXPECT_THAT(keys, ElementsAre("folder", "target", "ignored", "files", "errors", "warnings",
-                                "infos", "findings"));
+  EXPECT_THAT(keys, ElementsAre("folder", "target", "ignored", "files", "complete", "errors",
+                                "warnings", "infos", "findings"));
   EXPECT_EQ(document["folder"], folder.Path());
   EXPECT_EQ(document["target"], "windows");
   EXPECT_EQ(document["ignored"], Json::array());
   EXPECT_EQ(document["files"], 2);
+  EXPECT_EQ(document["complete"], true);
   EXPECT_EQ(document["errors"], 1);
   EXPECT_EQ(document["warnings"], 1);
   EXPECT_EQ(document["infos"], 0);
@@ -83,6 +85,7 @@ TEST_F(LintOutputTest, SarifNamesRulesResultsAndPlaces) {
   ASSERT_EQ(log["runs"].size(), 1U);
   const Json& run = log["runs"][0];
   EXPECT_EQ(run["columnKind"], "unicodeCodePoints");
+  EXPECT_EQ(run["invocations"].dump(), R"([{"executionSuccessful":true}])");
   const Json& driver = run["tool"]["driver"];
   EXPECT_EQ(driver["name"], "querypackage-cli lint");
   ASSERT_EQ(driver["rules"].size(), Cli::LintRules().size());
@@ -102,6 +105,20 @@ TEST_F(LintOutputTest, SarifNamesRulesResultsAndPlaces) {
             TypePlace());
   EXPECT_FALSE(run["results"][1]["locations"][0]["physicalLocation"].contains("region"))
       << "a line of 0 is no line of SARIF";
+}
+
+TEST_F(LintOutputTest, DocumentsSayWhenTheFolderWasNotReadToItsEnd) {
+  Cli::LintResult result;
+  result.walkFailure = "Input/output error";
+  EXPECT_EQ(Json::parse(Cli::LintJson(result))["complete"], false);
+  const Json invocations = Json::parse(Cli::LintSarif(result))["runs"][0]["invocations"];
+  ASSERT_EQ(invocations.size(), 1U);
+  EXPECT_EQ(invocations[0]["executionSuccessful"], false);
+  const Json& notifications = invocations[0]["toolExecutionNotifications"];
+  ASSERT_EQ(notifications.size(), 1U);
+  EXPECT_EQ(notifications[0]["level"], "error");
+  EXPECT_EQ(notifications[0]["message"]["text"],
+            "The folder could not be read to its end: Input/output error");
 }
 
 // What the schema of the format asks of the parts that are in use.

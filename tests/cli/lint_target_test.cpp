@@ -75,6 +75,12 @@ TEST_F(LintTargetTest, ForwardSlashSeparatesOnBoth) {
   EXPECT_THAT(OnPosix("payload-missing"), IsEmpty());
 }
 
+TEST_F(LintTargetTest, FolderThatANameLeavesAgainNeedNotExistOnWindows) {
+  WriteFiles(PackageFiles("a", PutValue(SoundText("a"), "payload", "gone/../A.exe")));
+  EXPECT_THAT(OnWindows("payload-missing"), IsEmpty());
+  EXPECT_EQ(OnPosix("payload-missing").size(), 1U);
+}
+
 TEST_F(LintTargetTest, CaseOfAPayloadCountsOnPosix) {
   WriteFiles(PackageFiles("a", PutValue(SoundText("a"), "payload", "SUB/a.exe")) +
              LintFiles{{"sub/A.exe", "x"}});

@@ -114,6 +114,14 @@ TEST(LintNames, LeadOutsideWhereTheyClimbAboveTheirStart) {
   EXPECT_FALSE(LeadsOutside({}));
 }
 
+TEST(LintNames, LoseThePartThatIsLeftAgain) {
+  using Parts = std::vector<std::string>;
+  EXPECT_EQ(WithoutParents({"a", "..", "b"}), Parts{"b"});
+  EXPECT_EQ(WithoutParents({"a", "b", "..", "..", "c"}), Parts{"c"});
+  EXPECT_EQ(WithoutParents({"..", "..", "a"}), (Parts{"..", "..", "a"}));
+  EXPECT_EQ(WithoutParents({"a", ".."}), Parts());
+}
+
 TEST(LintNames, AreTheSameFileByTheirKey) {
   EXPECT_EQ(NameKey({"A", "b"}, LintTarget::Windows), NameKey({"a", "B"}, LintTarget::Windows));
   EXPECT_NE(NameKey({"A"}, LintTarget::Posix), NameKey({"a"}, LintTarget::Posix));

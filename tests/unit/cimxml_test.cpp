@@ -446,8 +446,18 @@ TEST(Positions, OfAFault) {
     int column;
   };
   const Case cases[] = {
-      {"<a>\n  <b></c>\n</a>", 2, 6}, {"<a x/>", 1, 5}, {"<a>\r\n<?xml version='1.0' ", 2, 1},
-      {"<a>\n<b>\xEF", 0, 0},         {"", 0, 0},       {"text", 0, 0},
+      {"<a>\n  <b></c>\n</a>", 2, 6},
+      {"<a x/>", 1, 5},
+      {"<a>\r\n<?xml version='1.0' ", 2, 1},
+      {"", 0, 0},
+      // TinyXML names no place for these.
+      {"text", 1, 1},
+      {"<a>\n<b>\xEF", 2, 4},
+      {"<a>\n<!-- b ->", 2, 1},
+      {"<a>\r\n\t<![CDATA[ b ]>", 2, 2},
+      {"<a>b\n c &#xZ; d</a>", 2, 4},
+      {"<a>&amp; &#65;&#65 d</a>", 1, 15},
+      {"<a>\n<b/>", 2, 5},
   };
   for (const Case& c : cases) {
     CimXmlDocument document;

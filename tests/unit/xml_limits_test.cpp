@@ -205,6 +205,30 @@ TEST(XmlLimits, EndsInsideCharacterByTheLeadBytesWord) {
   }
 }
 
+TEST(XmlLimits, OutlineStopIsWhatHasNoEndOrBehindTheLastThing) {
+  const std::pair<std::string_view, std::size_t> cases[] = {
+      {"", 0},
+      {" ", 0},
+      {"text", 0},
+      {" <a/> ", 5},
+      {"<a> b </a>\n", 10},
+      {"<a> b", 4},
+      {"<a> b &#xZ; c</a>", 6},
+      {"<a> b &#x; c</a>", 16},
+      {"<a> b &#65 c</a>", 6},
+      {"<a>&bogus; &#65; &#q;</a>", 17},
+      {"<a><!-- b", 3},
+      {"<a><![CDATA[b]></a>", 3},
+      {"<a><b x='1></a>", 3},
+      {"<a></b></a>", 3},
+      {"<a/><!DOCTYPE b", 4},
+  };
+  for (const auto& [text, stop] : cases) {
+    const std::string padded = std::string(text) + std::string(xmlTextPadding, '\0');
+    EXPECT_EQ(OutlineStop(padded.data()), stop) << text;
+  }
+}
+
 // A walk that recursed, or that went back in the text, would not end here.
 TEST(XmlLimits, TakesTimeInProportionToTheText) {
   constexpr std::size_t many = 1'000'000;

@@ -40,12 +40,18 @@ void CheckClassifications(const LintPackage& package, LintReport& report) {
   }
 }
 
+void CheckPackage(const LintPackage& package, LintReport& report) {
+  CheckValues(package, report);
+  CheckClassifications(package, report);
+}
+
 }  // namespace
 
 void CheckDriverFiles(const LintFolder& folder, LintReport& report) {
-  for (const LintPackage* package : AllPackages(folder)) {
-    CheckValues(*package, report);
-    CheckClassifications(*package, report);
+  for (const LintPackage* package : AllPackages(folder)) CheckPackage(*package, report);
+  for (const LintPack& pack : folder.packs) {
+    // Beside another own instance, a query makes a package of it and reads its driver files.
+    for (std::size_t i = 1; i < pack.ownInstances; ++i) CheckPackage(pack.members[i], report);
   }
 }
 

@@ -103,6 +103,16 @@ Json SarifResult(const LintFinding& finding) {
           {"locations", Json::array({SarifLocation(finding)})}};
 }
 
+Json SarifInvocation(const LintResult& result) {
+  Json invocation{{"executionSuccessful", !result.walkFailure}};
+  if (result.walkFailure) {
+    const std::string text = "The folder could not be read to its end: " + *result.walkFailure;
+    const Json notification{{"level", "error"}, {"message", {{"text", text}}}};
+    invocation["toolExecutionNotifications"] = Json::array({notification});
+  }
+  return invocation;
+}
+
 }  // namespace
 
 std::string LintJson(const LintResult& result) {
@@ -113,6 +123,7 @@ std::string LintJson(const LintResult& result) {
                  {"target", NameOf(result.settings.target)},
                  {"ignored", IgnoredNames(result)},
                  {"files", result.files},
+                 {"complete", !result.walkFailure},
                  {"errors", counts.errors},
                  {"warnings", counts.warnings},
                  {"infos", counts.infos},
@@ -127,6 +138,7 @@ std::string LintSarif(const LintResult& result) {
                     {"rules", SarifRules()}};
   const Json run{
       {"tool", {{"driver", driver}}},
+      {"invocations", Json::array({SarifInvocation(result)})},
       {"originalUriBaseIds", {{"PACKAGEFOLDER", {{"uri", FolderUri(result.settings.folder)}}}}},
       {"columnKind", "unicodeCodePoints"},
       {"results", std::move(results)}};

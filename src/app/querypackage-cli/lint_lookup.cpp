@@ -54,8 +54,9 @@ LookedUpFile LintLookup::Find(const std::string& name) {
 std::string LintLookup::NativePath(const std::string& name, const std::vector<std::string>& parts) {
   if (target_ == nativeTarget) return PathInFolder(folder_, name);
   if (LeadsOutside(parts)) return "";
-  const Case letters = target_ == LintTarget::Windows ? Case::Any : Case::Exact;
-  const std::string resolved = Resolve(parts, letters);
+  const std::string resolved = target_ == LintTarget::Windows
+                                   ? Resolve(WithoutParents(parts), Case::Any)
+                                   : Resolve(parts, Case::Exact);
   return resolved.empty() ? "" : PathInFolder(folder_, resolved);
 }
 

@@ -77,9 +77,11 @@ class PropertyChecks {
   }
 
   void CheckForm() {
-    for (const char* name : singleProperties) CheckProperty(name);
+    for (const char* name : singleProperties) {
+      CheckProperty(name, "the last one that has a value decides");
+    }
     for (const char* name : listProperties) {
-      CheckProperty(name);
+      CheckProperty(name, "the last one decides");
       CheckEmptyEntries(name);
     }
     for (const char* name : comparedValues) {
@@ -92,11 +94,11 @@ class PropertyChecks {
     report_.Add(id, package_.File(), place, std::move(text));
   }
 
-  void CheckProperty(const char* name) {
+  void CheckProperty(const char* name, const char* whichDecides) {
     const auto found = package_.Occurrences(name);
     for (std::size_t i = 1; i < found.size(); ++i) {
       Add(LintId::PropertyRepeated, package_.Placed(found[i]).place,
-          fmt::format("\"{}\" is given {} times; the last one decides.", name, found.size()));
+          fmt::format("\"{}\" is given {} times; {}.", name, found.size(), whichDecides));
     }
     for (const std::size_t one : found) CheckSplitValues(name, package_.Placed(one));
   }

@@ -91,16 +91,21 @@ bool LeadsOutside(const std::vector<std::string>& parts) {
   return false;
 }
 
-std::string NameKey(const std::vector<std::string>& parts, LintTarget target) {
+std::vector<std::string> WithoutParents(const std::vector<std::string>& parts) {
   std::vector<std::string> kept;
   for (const std::string& part : parts) {
     if (part == ".." && !kept.empty() && kept.back() != "..") {
       kept.pop_back();
     } else {
-      kept.push_back(target == LintTarget::Windows ? FoldByGlobalLocale(part) : part);
+      kept.push_back(part);
     }
   }
-  return fmt::format("{}", fmt::join(kept, "/"));
+  return kept;
+}
+
+std::string NameKey(const std::vector<std::string>& parts, LintTarget target) {
+  const std::string key = fmt::format("{}", fmt::join(WithoutParents(parts), "/"));
+  return target == LintTarget::Windows ? FoldByGlobalLocale(key) : key;
 }
 
 std::string NameFault(std::string_view name, LintTarget target) {

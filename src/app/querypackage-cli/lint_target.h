@@ -29,6 +29,10 @@ std::vector<std::string> NameParts(std::string_view name, LintTarget target);
 // Whether ".." among the parts leads out of the folder that they start in.
 bool LeadsOutside(const std::vector<std::string>& parts);
 
+// The parts as they are left when each ".." takes away the part before it, whether that exists or
+// not: so Windows resolves a name. One that leads outside stays.
+std::vector<std::string> WithoutParents(const std::vector<std::string>& parts);
+
 // Two names with the same key name the same file.
 std::string NameKey(const std::vector<std::string>& parts, LintTarget target);
 

@@ -181,6 +181,7 @@ class VersionChecks {
     for (std::size_t k = 1; k < ranking.size(); ++k) {
       const std::size_t one = std::min(ranking[k - 1], ranking[k]);
       const std::size_t other = std::max(ranking[k - 1], ranking[k]);
+      if (one == other) continue;  // codes that differ only in case have one record
       if (FoldByGlobalLocale(VersionOf(one)) != FoldByGlobalLocale(VersionOf(other))) continue;
       AddOnVersion(LintId::VersionEqual, other,
                    fmt::format("Version {} is also that of {} ({}), and they share the driver file "

@@ -144,20 +144,31 @@ std::string ReasonOf(LoadFault fault) {
 
 LoadOutcome OutcomeOf(LoadFault fault) { return {fault, ReasonOf(fault), 0, 0}; }
 
+void Place(LoadOutcome& outcome, const char* text, std::size_t offset) {
+  const TextPosition position = TextPositions({text, offset}).Of(offset);
+  outcome.line = position.line;
+  outcome.column = position.column;
+}
+
 LoadOutcome LimitOutcome(const XmlOutline& outline, const char* text) {
   const bool deep = outline.fault == XmlLimitFault::NestedTooDeep;
   LoadOutcome outcome = OutcomeOf(deep ? LoadFault::NestedTooDeep : LoadFault::TooManyAttributes);
-  const TextPosition position = TextPositions({text, outline.offset}).Of(outline.offset);
-  outcome.line = position.line;
-  outcome.column = position.column;
+  Place(outcome, text, outline.offset);
   return outcome;
 }
 
-LoadOutcome ParseOutcome(const TiXmlDocument& document) {
+// TinyXML names no place for a comment, a CDATA section or a reference without an end.
+LoadOutcome ParseOutcome(const TiXmlDocument& document, const char* text, Positions positions) {
   if (!document.Error()) return {};
-  const bool tracked = document.TabSize() > 0;
-  return {LoadFault::NotWellFormed, document.ErrorDesc(), tracked ? document.ErrorRow() : 0,
-          tracked ? document.ErrorCol() : 0};
+  LoadOutcome outcome{LoadFault::NotWellFormed, document.ErrorDesc(), 0, 0};
+  if (positions == Positions::Ignored) return outcome;
+  if (document.TabSize() > 0 && document.ErrorRow() > 0) {
+    outcome.line = document.ErrorRow();
+    outcome.column = document.ErrorCol();
+  } else {
+    Place(outcome, text, OutlineStop(text));
+  }
+  return outcome;
 }
 
 // Positions are ints, and a step over the end costs a walk from the last position each time, or,
@@ -243,7 +254,7 @@ LoadOutcome CimXmlDocument::LoadBytes(std::optional<std::string> read, Descripto
   document->Parse(bytes.data(), nullptr, TIXML_ENCODING_UNKNOWN);
   // A document of an unfinished declaration alone has no root, but it is not an empty one.
   if (isCut && document->NoChildren()) return {};
-  LoadOutcome outcome = ParseOutcome(*document);
+  LoadOutcome outcome = ParseOutcome(*document, bytes.data(), positions);
   if (outcome.fault != LoadFault::None) return outcome;
   if (MayGiveTooManyRecords(bytes) &&
       CountRecords(document->FirstChildElement(), kind) > maxPropertyRecords) {

@@ -159,6 +159,18 @@ class XmlWalk {
     return outline_;
   }
 
+  // Offset of the construct that has no end, or of the end of the last one.
+  std::size_t RunToStop() {
+    const char* p = Begin();
+    while (!IsEnd(p)) {
+      const char* next = Next(p);
+      if (next == nullptr) return OffsetOf(*p == '<' ? p : StopInText(p));
+      p = SkipSpace(next);
+      if (IsEnd(p)) return OffsetOf(next);
+    }
+    return 0;
+  }
+
   // For a text that has no declaration but behind its first '<', and cannot go past a limit.
   XmlOutline RunFirstDeclaration() {
     const char* p = Begin();
@@ -218,6 +230,17 @@ class XmlWalk {
   const char* Text(const char* p) const {
     while (!IsEnd(p) && *p != '<') p = IsSpace(*p) ? p + 1 : NextCharacter(p, nullptr);
     return IsEnd(p) || p[1] == '\0' ? nullptr : p;
+  }
+
+  // At the reference that has no end, or else at the beginning of the text.
+  const char* StopInText(const char* begin) const {
+    const char* p = begin;
+    while (!IsEnd(p) && *p != '<') {
+      const char* next = IsSpace(*p) ? p + 1 : NextCharacter(p, nullptr);
+      if (next == nullptr) return p;
+      p = next;
+    }
+    return begin;
   }
 
   static const char* Comment(const char* p) {
@@ -376,6 +399,8 @@ LostAmpersandOffsets OutlineLostAmpersands(const char* text, std::size_t most) {
   walk.Run();
   return lost;
 }
+
+std::size_t OutlineStop(const char* text) { return XmlWalk(text, {}).RunToStop(); }
 
 bool EndsInsideCharacter(const char* text, std::size_t end) {
   for (std::size_t before = 1; before <= 3 && before <= end; ++before) {

@@ -58,6 +58,10 @@ struct LostAmpersandOffsets {
 // offsets are kept.
 LostAmpersandOffsets OutlineLostAmpersands(const char* text, std::size_t most);
 
+// Offset of what TinyXML is reading when it gives up, or of the end of what it has read, in the
+// same walk and within the limits: where to look if it names no place itself.
+std::size_t OutlineStop(const char* text);
+
 // Whether the text's first zero byte, which stands at the offset end, lies inside a multi-byte
 // UTF-8 character by its lead byte's word. TinyXML may then go on behind the text's end.
 bool EndsInsideCharacter(const char* text, std::size_t end);

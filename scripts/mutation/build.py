@@ -3,6 +3,7 @@
 import json
 import os
 import pathlib
+import re
 import shlex
 import shutil
 import subprocess
@@ -56,17 +57,21 @@ class Builder:
         self._folder = work / "mutant"
         self._includes = work / "includes"
         self._environment = {**os.environ, "CCACHE_DISABLE": "1"}
-        entries = json.loads((self.build / "compile_commands.json").read_text())
-        self._entries = {pathlib.Path(entry["file"]).name: entry for entry in entries
-                         if "/querypackage_rules.dir/" in entry["output"] or
-                         "/querypackage_core.dir/" in entry["output"]}
+        self._calls = self._read_calls()
         self._links = {program: self._link_of(program) for program in PROGRAMS}
         self._prepared = {}
+
+    def _read_calls(self):
+        """The compiler's calls by the names of the rules' and stages' sources."""
+        entries = json.loads((self.build / "compile_commands.json").read_text())
+        return {pathlib.Path(entry["file"]).name: shlex.split(entry["command"])
+                for entry in entries
+                if re.search(r"/querypackage_(rules|core)\.dir/", entry["command"])}
 
     def compile(self, mutant):
         """The changed objects by the ones that they stand for; None if one does not compile."""
         shutil.rmtree(self._folder, ignore_errors=True)
-        if mutant.file in self._entries:
+        if mutant.file in self._calls:
             self._folder.mkdir()
             sources = [mutant.file]
             options = ["-include", str(self._prepare(mutant.file))]
@@ -81,7 +86,8 @@ class Builder:
             if not self._call([*self._compiler(name), *options, "-c", str(self._folder / name),
                                "-o", made]):
                 return None
-            objects[self._entries[name]["output"]] = made
+            call = self._calls[name]
+            objects[call[call.index("-o") + 1]] = made
         return objects
 
     def link(self, program, objects):
@@ -100,7 +106,7 @@ class Builder:
     def _compiler(self, name):
         """The compiler's call without its files. A warning is no reason to leave a change out."""
         kept, skips = [], False
-        for part in shlex.split(self._entries[name]["command"]):
+        for part in self._calls[name]:
             if not skips and part not in ("-o", "-c", "-MD", "-MT", "-MF", "-Werror"):
                 kept.append(part)
             skips = part in ("-o", "-c", "-MT", "-MF")
@@ -130,4 +136,4 @@ class Builder:
             found = grown
             grown = found | {name for name, text in texts.items()
                              if any(f'#include "{one}"' in text for one in found)}
-        return sorted(name for name in found if name in self._entries)
+        return sorted(name for name in found if name in self._calls)

@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# Changes the rules and the stages in small ways, one at a time, and lists the changes that neither
+# the unit tests nor the pipeline tests notice. Works on a copy, in build/mutate. Takes hours.
+#
+#   scripts/mutate.sh [FILE...]           all of src/module/querypackage, or these files of it
+#   scripts/mutate.sh --list [FILE...]    prints the changes, and makes none
+#   scripts/mutate.sh --survivors         prints what earlier runs have found
+#   scripts/mutate.sh --again [FILE...]   tries what survived once more, after a change of the tests
+#   scripts/mutate.sh --quick [FILE...]   leaves the slow tests for a run without it
+#
+# Results go to build/mutate/results.txt as they come; a run goes on from there. A file that has
+# changed is tried anew. What makes no difference is explained in a table of docs/testing.md; the
+# script fails where a change survives that is not.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+case " $* " in
+  *" --list "* | *" --survivors "*) ;;
+  *) scripts/setup.sh test ;;
+esac
+exec python3 -B scripts/mutation "$@"

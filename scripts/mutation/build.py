@@ -1,0 +1,139 @@
+"""Builds the test programs from a copy of the sources, and with a changed file beside that build."""
+
+import json
+import os
+import pathlib
+import re
+import shlex
+import shutil
+import subprocess
+import sys
+
+from mutants import MODULE
+
+PROGRAMS = ("unit_tests", "pipeline_tests")
+
+
+def run_quietly(command, **options):
+    """What the command prints; the end of this program where it fails."""
+    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                          **options)
+    if done.returncode != 0:
+        sys.exit(f"{done.stdout}\nmutate: failed: {shlex.join(map(str, command))}")
+    return done.stdout
+
+
+def copy_sources(root, copy):
+    """Writes only what differs, so that only that is built anew."""
+    listed = run_quietly(["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
+                         cwd=root)
+    names = {name for name in listed.split("\0") if (root / name).is_file()}
+    for name in names:
+        target = copy / name
+        if target.is_file() and target.read_bytes() == (root / name).read_bytes():
+            continue
+        target.parent.mkdir(parents=True, exist_ok=True)
+        shutil.copy(root / name, target)
+    for path in [path for path in copy.rglob("*") if path.is_file()]:
+        if str(path.relative_to(copy)) not in names:
+            path.unlink()
+
+
+def build_tests(copy, build):
+    without = [f"-DQUERYPACKAGE_BUILD_{part}=OFF" for part in ("TOOLS", "EXAMPLES", "BENCHMARKS")]
+    run_quietly(["cmake", "-S", copy, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
+                 "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g0", "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=gold",
+                 "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON", "-DQUERYPACKAGE_TEST_UNPATCHED_TINYXML=OFF",
+                 *without])
+    run_quietly(["cmake", "--build", build, "-j", "1", "--target", *PROGRAMS])
+
+
+class Builder:
+    """Compiles a changed file and links the test programs with it."""
+
+    def __init__(self, work):
+        self.build = work / "build"
+        self._sources = work / "src" / MODULE
+        self._folder = work / "mutant"
+        self._includes = work / "includes"
+        self._environment = {**os.environ, "CCACHE_DISABLE": "1"}
+        self._calls = self._read_calls()
+        self._links = {program: self._link_of(program) for program in PROGRAMS}
+        self._prepared = {}
+
+    def _read_calls(self):
+        """The compiler's calls by the names of the rules' and stages' sources."""
+        entries = json.loads((self.build / "compile_commands.json").read_text())
+        return {pathlib.Path(entry["file"]).name: shlex.split(entry["command"])
+                for entry in entries
+                if re.search(r"/querypackage_(rules|core)\.dir/", entry["command"])}
+
+    def compile(self, mutant):
+        """The changed objects by the ones that they stand for; None if one does not compile."""
+        shutil.rmtree(self._folder, ignore_errors=True)
+        if mutant.file in self._calls:
+            self._folder.mkdir()
+            sources = [mutant.file]
+            options = ["-include", str(self._prepare(mutant.file))]
+        else:
+            # Quoted includes look beside the including file first.
+            shutil.copytree(self._sources, self._folder)
+            sources, options = self._users_of(mutant.file), []
+        (self._folder / mutant.file).write_text(mutant.text)
+        objects = {}
+        for name in sources:
+            made = str(self._folder / f"{name}.o")
+            if not self._call([*self._compiler(name), *options, "-c", str(self._folder / name),
+                               "-o", made]):
+                return None
+            call = self._calls[name]
+            objects[call[call.index("-o") + 1]] = made
+        return objects
+
+    def link(self, program, objects):
+        """The program's path; None if it does not link."""
+        made = str(self._folder / program)
+        command = [objects.get(part, part) for part in self._links[program]]
+        command[command.index("-o") + 1] = made
+        return made if self._call(command) else None
+
+    def _link_of(self, program):
+        commands = run_quietly(["ninja", "-C", self.build, "-t", "commands", "-s",
+                                f"tests/{program}"])
+        return [part for part in shlex.split(commands.strip().splitlines()[-1])
+                if part not in (":", "&&")]
+
+    def _compiler(self, name):
+        """The compiler's call without its files. A warning is no reason to leave a change out."""
+        kept, skips = [], False
+        for part in self._calls[name]:
+            if not skips and part not in ("-o", "-c", "-MD", "-MT", "-MF", "-Werror"):
+                kept.append(part)
+            skips = part in ("-o", "-c", "-MT", "-MF")
+        return kept + ["-w"]
+
+    def _call(self, command):
+        return subprocess.run(command, cwd=self.build, env=self._environment,
+                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
+
+    def _prepare(self, name):
+        """A header of the file's includes, compiled once: they are most of a compilation."""
+        if name not in self._prepared:
+            self._includes.mkdir(exist_ok=True)
+            header = self._includes / f"of_{name}.h"
+            lines = (self._sources / name).read_text().splitlines()
+            header.write_text("".join(f"{line}\n" for line in lines if line.startswith("#include")))
+            run_quietly([*self._compiler(name), "-x", "c++-header", str(header), "-o",
+                         f"{header}.gch"], cwd=self.build, env=self._environment)
+            self._prepared[name] = header
+        return self._prepared[name]
+
+    def _users_of(self, header):
+        """The sources that include this header, themselves or through other headers."""
+        texts = {path.name: path.read_text() for path in self._sources.glob("*.[ch]*")}
+        found, grown = set(), {header}
+        while grown != found:
+            found = grown
+            grown = found | {name for name, text in texts.items()
+                             if any(f'#include "{one}"' in text for one in found)}
+        return sorted(name for name in found if name in self._calls)

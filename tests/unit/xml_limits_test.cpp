@@ -229,6 +229,23 @@ TEST(XmlLimits, OutlineStopIsWhatHasNoEndOrBehindTheLastThing) {
   }
 }
 
+TEST(XmlLimits, NestingIsThatOfTheDeepestElement) {
+  const std::pair<std::string_view, std::size_t> cases[] = {
+      {"", 0},
+      {"<a/>", 1},
+      {"<a></a><b></b>", 1},
+      {"<a><b/></a>", 2},
+      {"<a><b><c>d</c></b><e/></a>", 3},
+      {"<a><!--<b><c>--><d/></a>", 2},
+      {"<a></b><c><d/></c></a>", 1},
+  };
+  for (const auto& [text, nesting] : cases) {
+    const std::string padded = std::string(text) + std::string(xmlTextPadding, '\0');
+    EXPECT_EQ(OutlineXml(padded.data()).nesting, nesting) << text;
+  }
+  EXPECT_EQ(Outline("<a><b/></a>").nesting, XmlOutline::npos) << "not walked";
+}
+
 // A walk that recursed, or that went back in the text, would not end here.
 TEST(XmlLimits, TakesTimeInProportionToTheText) {
   constexpr std::size_t many = 1'000'000;

@@ -94,11 +94,12 @@ std::size_t CountRecords(const TiXmlNode* root, DescriptorKind kind) {
 }
 
 // Each property and each instance takes a '<' of its own, and records are counted at most once for
-// each pair of them: so few of them need no count.
-bool MayGiveTooManyRecords(const std::string& text) {
+// each pair of them whose elements stand inside one another: so few of them need no count.
+bool MayGiveTooManyRecords(const std::string& text, std::size_t nesting) {
   const std::size_t elements = CountByte('<', text);
-  return elements > maxPropertyRecords ||
-         (elements / 2) * ((elements + 1) / 2) > maxPropertyRecords;
+  if (elements > maxPropertyRecords) return true;
+  const std::size_t pairs = (elements / 2) * ((elements + 1) / 2);
+  return pairs > maxPropertyRecords && nesting > maxPropertyRecords / elements;
 }
 
 // In place and up to the first zero byte, as TiXmlDocument::LoadFile does it, with the bytes that
@@ -256,7 +257,7 @@ LoadOutcome CimXmlDocument::LoadBytes(std::optional<std::string> read, Descripto
   if (isCut && document->NoChildren()) return {};
   LoadOutcome outcome = ParseOutcome(*document, bytes.data(), positions);
   if (outcome.fault != LoadFault::None) return outcome;
-  if (MayGiveTooManyRecords(bytes) &&
+  if (MayGiveTooManyRecords(bytes, outline.nesting) &&
       CountRecords(document->FirstChildElement(), kind) > maxPropertyRecords) {
     return OutcomeOf(LoadFault::TooManyProperties);
   }

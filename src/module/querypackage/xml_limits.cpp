@@ -154,6 +154,7 @@ class XmlWalk {
   }
 
   XmlOutline Run() {
+    outline_.nesting = 0;
     const char* p = Begin();
     while (!IsEnd(p)) p = SkipSpace(Next(p));
     return outline_;
@@ -171,7 +172,8 @@ class XmlWalk {
     return 0;
   }
 
-  // For a text that has no declaration but behind its first '<', and cannot go past a limit.
+  // For a text that has no declaration but behind its first '<', and cannot go past a limit. Leaves
+  // the nesting unknown.
   XmlOutline RunFirstDeclaration() {
     const char* p = Begin();
     if (!IsEnd(p) && StartsWithInAnyCase(p, "<?xml")) Declaration(p);
@@ -289,6 +291,7 @@ class XmlWalk {
 
   const char* StartTag(const char* p) {
     if (open_.size() == limits_.nesting) return Exceed(XmlLimitFault::NestedTooDeep, p);
+    outline_.nesting = std::max(outline_.nesting, open_.size() + 1);
     const char* name = SkipSpace(p + 1);
     const char* nameEnd = NameEnd(name);
     if (IsEnd(nameEnd)) return nullptr;

@@ -35,6 +35,8 @@ struct XmlOutline {
   // gives the same elements, and fails to load if and only if this one does; only that a document
   // of nothing else is then called an empty one.
   std::size_t unfinishedDeclaration = npos;
+  // How many elements stand inside one another at most. npos: the text was not walked.
+  std::size_t nesting = npos;
 };
 
 // Zero bytes that have to stand behind the text's last byte: TinyXML steps over a whole multi-byte

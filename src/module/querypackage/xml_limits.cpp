@@ -208,6 +208,13 @@ class XmlWalk {
     return p + 1;
   }
 
+  // A space is one character whatever its byte; ASCII is, too, without being asked for in the
+  // locale.
+  const char* NextOfText(const char* p) const {
+    const bool isPlain = static_cast<unsigned char>(*p) < 0x80 && *p != '&';
+    return isPlain || IsSpace(*p) ? p + 1 : NextCharacter(p, nullptr);
+  }
+
   const char* Reference(const char* p, std::string* value) const {
     const char* end = ReferenceEnd(p, value);
     if (lost_ != nullptr && end == p + 1) Lose(p);
@@ -230,7 +237,7 @@ class XmlWalk {
   }
 
   const char* Text(const char* p) const {
-    while (!IsEnd(p) && *p != '<') p = IsSpace(*p) ? p + 1 : NextCharacter(p, nullptr);
+    while (!IsEnd(p) && *p != '<') p = NextOfText(p);
     return IsEnd(p) || p[1] == '\0' ? nullptr : p;
   }
 
@@ -238,7 +245,7 @@ class XmlWalk {
   const char* StopInText(const char* begin) const {
     const char* p = begin;
     while (!IsEnd(p) && *p != '<') {
-      const char* next = IsSpace(*p) ? p + 1 : NextCharacter(p, nullptr);
+      const char* next = NextOfText(p);
       if (next == nullptr) return p;
       p = next;
     }

@@ -49,6 +49,15 @@ TEST_F(LintTextTest, NumbersSayWhatTheyMean) {
   EXPECT_THAT(TextOf("number-out-of-range"), EndsWith("\"4294967306\", reads as 10."));
 }
 
+TEST_F(LintTextTest, OneThatDecidesAmongRepeatedPropertiesIsNamed) {
+  WriteFiles(PackageFiles("a", Append(SoundText("a"), "type", "")));
+  EXPECT_EQ(TextOf("property-repeated"),
+            "\"type\" is given 2 times; the last one that has a value decides.");
+  WriteFiles(PackageFiles("a", Append(SoundText("a"), "orderedOSList", "")));
+  EXPECT_EQ(TextOf("property-repeated"),
+            "\"orderedOSList\" is given 2 times; the last one decides.");
+}
+
 TEST_F(LintTextTest, LostMemberIsNamed) {
   const std::string own = PutValue(OwnInstance("p.xml"), "xmlFilename", "q.xml");
   folder.Write("p.xml", PackText({own, SoundInstance("m")}));

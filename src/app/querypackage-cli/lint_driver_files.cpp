@@ -30,12 +30,12 @@ void CheckClassifications(const LintPackage& package, LintReport& report) {
   const std::size_t classes = package.Values(classesName).size();
   if (ReadDriverFiles(package.Properties()).unclassifiedIndex) {
     report.Add(LintId::ClassificationsMissing, package.File(), package.PlaceOfProperty(classesName),
-               fmt::format("There are {} for {}, which ends the process that queries the folder.",
+               fmt::format("The package has {} for {}, which ends the process that queries it.",
                            Count(classes, "classification"), Count(files, "driver file")));
   } else if (files != 0 && classes > files) {
     report.Add(LintId::ClassificationsSurplus, package.File(),
                package.PlacesOfEntries(classesName)[files],
-               fmt::format("There are {} for {}; the surplus ones are ignored.",
+               fmt::format("The package has {} for {}; the surplus ones are ignored.",
                            Count(classes, "classification"), Count(files, "driver file")));
   }
 }

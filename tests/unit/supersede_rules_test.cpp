@@ -164,6 +164,13 @@ TEST(SupersedeRules, DriverFilesOfOneNameMakeAGroup) {
        {Package("a", "1", {"x"}), Package("b", "1", {"x"}), Package("a", "1", {"x"})},
        {{"a", "b"}}},
       {"empty codes are codes", {Package("", "1", {"x"}), Package("b", "1", {"x"})}, {{"", "b"}}},
+      {"codes of several names are met in the order of the records",
+       {Package("a", "1", {"x", "y"}), Package("b", "1", {"y"}), Package("c", "1", {"x"})},
+       {{"a", "b", "c"}}},
+      {"a code of two groups is met by each once",
+       {Package("a", "1", {"x"}), Package("b", "1", {"y"}), Package("c", "1", {"x", "z"}),
+        Package("d", "1", {"x", "y", "z"})},
+       {{"a", "c", "d"}, {"b", "d"}}},
   };
   for (const Case& one : cases) EXPECT_EQ(GroupByDriverFile(one.records), one.groups) << one.name;
 }
@@ -237,6 +244,14 @@ TEST(SupersedeRules, VersionsRankAsText) {
       records.push_back(Package(group.back(), version));
     }
     EXPECT_EQ(RankByVersion(records, group), one.ranking) << one.name;
+  }
+}
+
+TEST(SupersedeRules, FewerThanTwoRecordsAreNotRanked) {
+  const SupersedeRecords records = {Package("a", "1"), Package("b", "2")};
+  const CodeList groups[] = {{}, {"a"}, {"a", "x"}, {"x", "b"}, {"x", "y"}};
+  for (const CodeList& group : groups) {
+    EXPECT_TRUE(RankByVersion(records, group).empty()) << testing::PrintToString(group);
   }
 }
 

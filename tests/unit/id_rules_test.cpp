@@ -2,6 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
 #include "global_locale.h"
 #include "plain_supersede.h"
 #include "random_pick.h"
@@ -108,6 +116,29 @@ TEST(IdRules, SameAsThePlainRuleOnRandomLists) { CompareMany(1, 100'000); }
 TEST(IdRules, SameAsThePlainRuleUnderALocaleOfTheHosts) {
   const GlobalLocaleGuard guard(std::locale(std::locale::classic(), new FoldsOnlyXToY));
   CompareMany(2, 50'000);
+}
+
+// The upper half of a hash, by which the set tells ids apart before it looks at their text.
+std::size_t UpperHalf(const std::string& id) {
+  return std::hash<std::string_view>()(id) >> (sizeof(std::size_t) * 4);
+}
+
+TEST(IdRules, IdsOfTheSameUpperHalfOfTheHashAreToldApart) {
+  std::vector<std::pair<std::size_t, std::string>> ids;
+  for (int i = 0; i < 500'000; ++i) {
+    std::string id = std::to_string(i);
+    const std::size_t half = UpperHalf(id);
+    ids.emplace_back(half, std::move(id));
+  }
+  std::sort(ids.begin(), ids.end());
+  int pairs = 0;
+  for (std::size_t i = 1; i < ids.size(); ++i) {
+    if (ids[i].first != ids[i - 1].first) continue;
+    EXPECT_FALSE(IsListed({ids[i].second}, ids[i - 1].second));
+    EXPECT_FALSE(IsListed({ids[i - 1].second}, ids[i].second));
+    ++pairs;
+  }
+  EXPECT_GT(pairs, 0);
 }
 
 TEST(IdRules, GlobalLocaleFolds) {

@@ -226,6 +226,7 @@ TEST(SupersedeRules, VersionsRankAsText) {
       {"nothing stands first", {"0", ""}, {1, 0}},
       {"case does not count", {"B", "a", "C"}, {1, 0, 2}},
       {"versions that differ in case alone are equal", {"a", "A"}, {0, 1}},
+      {"the first character counts most", {"1.0.0.02", "2.0.0.01"}, {0, 1}},
       {"the ninth character counts", {"10.0.0.12", "10.0.0.11", "10.0.0.1"}, {2, 1, 0}},
       {"bytes are unsigned", {"\xC3", "z", "\x80"}, {1, 2, 0}},
       {"a byte stays out of the one before it", {"c\x01", "b\xFF"}, {1, 0}},

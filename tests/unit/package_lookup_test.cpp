@@ -88,14 +88,19 @@ TEST(PackageIndex, SameAsThePlainWalkWhileTheListsGrow) {
 #ifndef _WIN32
 
 TEST(PackageIndex, FollowsTheCLibrarysLocaleFromOneQuestionToTheNext) {
-  const std::vector<KovuPackEntry> packs;
-  const std::vector<PackageXmlEntry> individuals{{"a.xml", {{"IDENTIFICATIONCODE", "", {"a"}}}},
-                                                 {"b.xml", {{"identificationCode", "", {"a"}}}}};
-  PackageIndex index(packs, individuals);
-  EXPECT_EQ(index.Find("a"), &individuals[0].properties);
+  const std::vector<PackageXmlEntry> entries{{"a.xml", {{"IDENTIFICATIONCODE", "", {"a"}}}},
+                                             {"b.xml", {{"identificationCode", "", {"a"}}}}};
+  const std::vector<KovuPackEntry> noPacks;
+  const std::vector<KovuPackEntry> packs{{"p.xml", entries}};
+  const std::vector<PackageXmlEntry> noIndividuals;
+  PackageIndex individualIndex(noPacks, entries);
+  PackageIndex packIndex(packs, noIndividuals);
+  EXPECT_EQ(individualIndex.Find("a"), &entries[0].properties);
+  EXPECT_EQ(packIndex.Find("a"), &packs[0].members[0].properties);
   const Testing::TurkishCLocale locale;
   ASSERT_TRUE(locale.Set());
-  EXPECT_EQ(index.Find("a"), &individuals[1].properties);
+  EXPECT_EQ(individualIndex.Find("a"), &entries[1].properties);
+  EXPECT_EQ(packIndex.Find("a"), &packs[0].members[1].properties);
 }
 
 #endif

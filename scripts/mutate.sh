@@ -9,8 +9,8 @@
 #   scripts/mutate.sh --quick [FILE...]   leaves the slow tests for a run without it
 #
 # Results go to build/mutate/results.txt as they come; a run goes on from there. A file that has
-# changed is tried anew. What makes no difference is explained in a table of docs/testing.md; the
-# script fails where a change survives that is not.
+# changed is tried anew. What makes no difference is explained in a table of docs/testing.md, and not
+# tried again; the script fails where a change survives that is not in it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 

@@ -13,8 +13,8 @@ if [ "${1:-build}" = fuzz ]; then
   packages+=(clang libclang-rt-dev libgtest-dev libgmock-dev libboost-dev)
 fi
 if [ "${1:-build}" = test ]; then
-  packages+=(valgrind libgtest-dev libgmock-dev libboost-dev libbenchmark-dev gcovr clang-format clang-tidy
-             locales git
+  packages+=(valgrind libgtest-dev libgmock-dev libboost-dev libbenchmark-dev gcovr locales git
+             clang-format clang-tidy cppcheck
              # Windows: the compilers, Wine, and what it takes to build libraries from Debian's sources.
              g++-mingw-w64-x86-64-posix clang wine64 dpkg-dev googletest)
 fi

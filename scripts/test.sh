@@ -30,6 +30,7 @@ gcovr --root . --filter src/module/ --exclude-throw-branches --print-summary bui
 
 step "static analysis"
 scripts/tidy.sh
+scripts/analyze.sh
 
 step "a second compiler for Windows"
 scripts/windows-clang.sh

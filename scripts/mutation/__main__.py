@@ -23,10 +23,10 @@ def options_of_call():
     return parser.parse_args()
 
 
-def try_changes(mutants, results, again, quick):
-    open_outcomes = {None} | (set() if quick else {UNDECIDED}) | (
-        {SURVIVED, UNDECIDED} if again else set())
-    wanted = [one for one in mutants if results.get(one) in open_outcomes]
+def try_changes(mutants, results, equivalents, again, quick):
+    open_outcomes = (set() if quick else {UNDECIDED}) | ({SURVIVED, UNDECIDED} if again else set())
+    wanted = [one for one in mutants if results.get(one) is None or
+              (results.get(one) in open_outcomes and not equivalents.hold(one))]
     print(f"mutate: {len(wanted)} of {len(mutants)} changes to try", flush=True)
     if not wanted:
         return
@@ -43,9 +43,8 @@ def try_changes(mutants, results, again, quick):
             print(f"{outcome}: {mutant.key}", flush=True)
 
 
-def report(mutants, results):
+def report(mutants, results, equivalents):
     """Whether every change that survived is explained."""
-    equivalents = Equivalents(ROOT / "docs" / "testing.md")
     counts = collections.Counter()
     unexplained = []
     for mutant in mutants:
@@ -71,9 +70,10 @@ def main():
         return 0
     WORK.mkdir(parents=True, exist_ok=True)
     results = Results(WORK / "results.txt")
+    equivalents = Equivalents(ROOT / "docs" / "testing.md")
     if not options.survivors:
-        try_changes(mutants, results, options.again, options.quick)
-    return 0 if report(mutants, results) else 1
+        try_changes(mutants, results, equivalents, options.again, options.quick)
+    return 0 if report(mutants, results, equivalents) else 1
 
 
 if __name__ == "__main__":

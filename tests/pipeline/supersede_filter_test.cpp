@@ -134,6 +134,21 @@ TEST_F(SupersedeFilterTest, RecordWithoutPropertiesIsReportedAndStillGrouped) {
   EXPECT_EQ(Record(1).supersedeFilterStatus, FilterStatus::Matched);
 }
 
+TEST_F(SupersedeFilterTest, EarlierVerdictsAreGoneBeforeTheFirstLine) {
+  results = {RecordOf("a"), RecordOf("b")};
+  for (QueryPackageResult& record : results) {
+    record.supersedeFilterStatus = FilterStatus::NotMatched;
+  }
+  std::vector<unsigned int> statuses;
+  RecordingLog::OnRecord([&](const LogEntry&) {
+    for (const QueryPackageResult& record : results) {
+      statuses.push_back(record.supersedeFilterStatus);
+    }
+  });
+  Filter();
+  EXPECT_EQ(statuses, std::vector<unsigned int>(4, FilterStatus::Matched));
+}
+
 TEST_F(SupersedeFilterTest, RecordWithoutPropertiesCanBeSuperseded) {
   Add(Descriptor("a").Set("supersede", {"unknown"}));
   results.push_back(RecordOf("unknown"));

@@ -54,6 +54,12 @@ TEST(FoldByGlobalLocale, ClassicLocale) {
   EXPECT_FALSE(EqualByGlobalLocaleFold("A\0B"s, "a\0c"s));
 }
 
+// Leaves no byte as it is, the zero byte neither.
+class FlipsBits : public std::ctype<char> {
+ protected:
+  char do_tolower(char c) const override { return static_cast<char>(c ^ 0x55); }
+};
+
 TEST(FoldByGlobalLocale, FollowsAFacetThatOverridesOneOperation) {
   const GlobalLocaleGuard guard(std::locale(std::locale::classic(), new FoldsOnlyXToY));
   EXPECT_EQ(FoldByGlobalLocale("XyAx"), "yyAx");
@@ -67,7 +73,8 @@ TEST(LocaleFold, FoldsEveryByteAsTheLocaleDoes) {
   for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
   const std::locale locales[] = {std::locale::classic(),
                                  std::locale(std::locale::classic(), new FoldsOnlyXToY),
-                                 std::locale(std::locale::classic(), new SwapsCase)};
+                                 std::locale(std::locale::classic(), new SwapsCase),
+                                 std::locale(std::locale::classic(), new FlipsBits)};
   for (const std::locale& locale : locales) {
     const GlobalLocaleGuard guard(locale);
     EXPECT_EQ(LocaleFold()(bytes), FoldByGlobalLocale(bytes));

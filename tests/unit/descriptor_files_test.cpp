@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <boost/filesystem.hpp>
+#include <iterator>
 #include <optional>
 #include <string>
 #ifndef _WIN32
@@ -114,6 +115,21 @@ TEST(DescriptorFiles, AFileIsReadToItsEndWhateverItsSizeWasBefore) {
   EXPECT_GT(bytes->size(), 1'000U);
   EXPECT_EQ(bytes->back(), '\n');
   EXPECT_EQ(bytes->find('\0'), std::string::npos);
+}
+
+TEST(DescriptorFiles, WhatWasOpenedIsClosed) {
+  const auto openFiles = [] {
+    return std::distance(boost::filesystem::directory_iterator("/proc/self/fd"),
+                         boost::filesystem::directory_iterator());
+  };
+  const TempFolder folder;
+  const std::string file = folder.Write("file", "a");
+  const auto before = openFiles();
+  EXPECT_EQ(ReadRegularFile(file), "a");
+  EXPECT_EQ(ReadRegularFile("/proc/self/mem"), std::nullopt);
+  EXPECT_EQ(ReadKnownRegularFile("/dev/null"), std::nullopt);
+  EXPECT_EQ(ReadKnownRegularFile(folder.Path()), std::nullopt);
+  EXPECT_EQ(openFiles(), before);
 }
 
 TEST(DescriptorFiles, AReadErrorGivesNothing) {

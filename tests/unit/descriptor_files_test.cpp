@@ -3,11 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <boost/filesystem.hpp>
+#include <cerrno>
+#include <csignal>
 #include <iterator>
 #include <optional>
 #include <string>
 #ifndef _WIN32
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 #include "temp_folder.h"
@@ -96,6 +100,30 @@ TEST(DescriptorFiles, APipeIsNotOpened) {
   EXPECT_EQ(ReadKnownRegularFile("/dev/null"), std::nullopt);
 }
 
+// What an earlier call left in errno says nothing about this one.
+TEST(DescriptorFiles, AnEarlierErrorDoesNotCount) {
+  const TempFolder folder;
+  const std::string file = folder.Write("file", "a");
+  errno = ENOMEM;
+  EXPECT_EQ(ReadRegularFile(file), "a");
+  errno = ENOMEM;
+  EXPECT_EQ(ReadKnownRegularFile("/dev/null"), std::nullopt);
+}
+
+TEST(DescriptorFiles, ADescriptorOfZeroIsOneLikeAnyOther) {
+  const TempFolder folder;
+  const std::string file = folder.Write("file", "a");
+  const int standardInput = fcntl(0, F_DUPFD_CLOEXEC, 3);
+  close(0);
+  errno = EWOULDBLOCK;
+  EXPECT_EQ(ReadRegularFile(file), "a");
+  EXPECT_EQ(fcntl(0, F_GETFD), -1) << "it is closed again";
+  if (standardInput >= 0) {
+    dup2(standardInput, 0);
+    close(standardInput);
+  }
+}
+
 TEST(DescriptorFiles, NamesAreBytes) {
   const TempFolder folder;
   const std::string path = folder.Write("\xFF\xFE \n.xml", "a");
@@ -115,6 +143,26 @@ TEST(DescriptorFiles, AFileIsReadToItsEndWhateverItsSizeWasBefore) {
   EXPECT_GT(bytes->size(), 1'000U);
   EXPECT_EQ(bytes->back(), '\n');
   EXPECT_EQ(bytes->find('\0'), std::string::npos);
+}
+
+int leasedFile = -1;
+
+void GiveLeaseBack(int) { fcntl(leasedFile, F_SETLEASE, F_UNLCK); }
+
+// The kernel asks a lease's holder, by a signal, to give it back, and refuses who does not wait.
+TEST(DescriptorFiles, AFileThatIsLeasedIsWaitedFor) {
+  const TempFolder folder;
+  const std::string file = folder.Write("file", "a");
+  leasedFile = open(file.c_str(), O_RDWR | O_CLOEXEC);
+  if (fcntl(leasedFile, F_SETLEASE, F_WRLCK) != 0) {
+    close(leasedFile);
+    GTEST_SKIP() << "this file system knows no leases";
+  }
+  const auto handlerBefore = std::signal(SIGIO, GiveLeaseBack);
+  EXPECT_EQ(ReadRegularFile(file), "a");
+  EXPECT_EQ(fcntl(leasedFile, F_GETLEASE), F_UNLCK) << "it was asked for";
+  std::signal(SIGIO, handlerBefore);
+  close(leasedFile);
 }
 
 TEST(DescriptorFiles, WhatWasOpenedIsClosed) {

@@ -22,6 +22,9 @@ TEST(TextPositions, CountLinesAndCharactersFromOne) {
       {"ab\ncd", 4, 2, 2},
       {"a\r\nb", 2, 1, 3},
       {"a\r\nb", 3, 2, 1},
+      {"a\r\n", 3, 2, 1},
+      {"\r\nb", 2, 2, 1},
+      {std::string_view("a\r\n", 2), 2, 2, 1},  // what follows belongs to another text
       {"a\rb", 2, 2, 1},
       {"a\r\rb", 3, 3, 1},
       {"a\n\rb", 3, 3, 1},

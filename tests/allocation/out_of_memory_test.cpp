@@ -60,6 +60,16 @@ boost::filesystem::path BoostPath::SparedExtension() const {
 
 #else
 
+// The kernel allocates what stands for an open file.
+// NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the linker names it so
+extern "C" int __real_open(const char* path, int flags, ...);
+// NOLINTNEXTLINE(bugprone-reserved-identifier,cert-*): the same
+extern "C" int __wrap_open(const char* path, int flags, ...) {
+  if (!Vornik::Testing::NextAllocationFails()) return __real_open(path, flags);
+  errno = ENOMEM;
+  return -1;
+}
+
 // The C library allocates the stream of a file.
 extern "C" __attribute__((visibility("default"))) std::FILE* fdopen(int descriptor,
                                                                     const char* mode) {

@@ -183,6 +183,7 @@ TEST(TextMode, Translation) {
       {"a\x1A"
        "b"sv,
        "a"sv},
+      {"a\x1A\n\x1A"sv, "a"sv},
       {"a\r\x1A\n"sv, "a\r"sv},
       {"\x1A"sv, ""sv},
       {"a\0\r\n\0"sv, "a\0\n\0"sv},

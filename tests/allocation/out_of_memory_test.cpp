@@ -4,6 +4,7 @@
 #include <tinyxml.h>
 
 #include <cerrno>
+#include <cstdarg>
 #include <cstdio>
 #include <new>
 #include <optional>
@@ -14,6 +15,7 @@
 #include <boost/filesystem/path.hpp>
 #else
 #include <dlfcn.h>
+#include <fcntl.h>
 #endif
 
 #include "QueryPackage.h"
@@ -65,9 +67,16 @@ boost::filesystem::path BoostPath::SparedExtension() const {
 extern "C" int __real_open(const char* path, int flags, ...);
 // NOLINTNEXTLINE(bugprone-reserved-identifier,cert-*): the same
 extern "C" int __wrap_open(const char* path, int flags, ...) {
-  if (!Vornik::Testing::NextAllocationFails()) return __real_open(path, flags);
-  errno = ENOMEM;
-  return -1;
+  if (Vornik::Testing::NextAllocationFails()) {
+    errno = ENOMEM;
+    return -1;
+  }
+  // Whatever else is linked statically may create files, as the counters of coverage are.
+  std::va_list arguments;
+  va_start(arguments, flags);
+  const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+  va_end(arguments);
+  return __real_open(path, flags, mode);
 }
 
 // The C library allocates the stream of a file.

@@ -145,7 +145,7 @@ TEST(DescriptorFiles, AFileIsReadToItsEndWhateverItsSizeWasBefore) {
   EXPECT_EQ(bytes->find('\0'), std::string::npos);
 }
 
-int leasedFile = -1;
+volatile std::sig_atomic_t leasedFile = -1;
 
 void GiveLeaseBack(int) { fcntl(leasedFile, F_SETLEASE, F_UNLCK); }
 

@@ -35,6 +35,12 @@ class SwapsCase : public std::ctype<char> {
   }
 };
 
+// Leaves no byte as it is, the zero byte neither.
+class FlipsBits : public std::ctype<char> {
+ protected:
+  char do_tolower(char c) const override { return static_cast<char>(c ^ 0x55); }
+};
+
 TEST(FoldByGlobalLocale, ClassicLocale) {
   const GlobalLocaleGuard guard(std::locale::classic());
   const std::pair<std::string, std::string> cases[] = {
@@ -53,12 +59,6 @@ TEST(FoldByGlobalLocale, ClassicLocale) {
   EXPECT_FALSE(EqualByGlobalLocaleFold("ab", "ac"));
   EXPECT_FALSE(EqualByGlobalLocaleFold("A\0B"s, "a\0c"s));
 }
-
-// Leaves no byte as it is, the zero byte neither.
-class FlipsBits : public std::ctype<char> {
- protected:
-  char do_tolower(char c) const override { return static_cast<char>(c ^ 0x55); }
-};
 
 TEST(FoldByGlobalLocale, FollowsAFacetThatOverridesOneOperation) {
   const GlobalLocaleGuard guard(std::locale(std::locale::classic(), new FoldsOnlyXToY));

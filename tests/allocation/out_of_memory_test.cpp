@@ -9,6 +9,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #ifdef _WIN32
@@ -62,6 +63,9 @@ boost::filesystem::path BoostPath::SparedExtension() const {
 
 #else
 
+// What every descriptor was opened with.
+static int flagsOfDescriptors = ~0;
+
 // The kernel allocates what stands for an open file.
 // NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the linker names it so
 extern "C" int __real_open(const char* path, int flags, ...);
@@ -71,6 +75,8 @@ extern "C" int __wrap_open(const char* path, int flags, ...) {
     errno = ENOMEM;
     return -1;
   }
+  const std::string_view name = path;
+  if (name.size() > 4 && name.substr(name.size() - 4) == ".xml") flagsOfDescriptors &= flags;
   // Whatever else is linked statically may create files, as the counters of coverage are.
   std::va_list arguments;
   va_start(arguments, flags);
@@ -244,6 +250,18 @@ TEST_F(OutOfMemoryTest, OnceAtEveryAllocation) { FailEverywhere(AllocationFault:
 TEST_F(OutOfMemoryTest, ForGoodFromEveryAllocation) {
   FailEverywhere(AllocationFault::FromThereOn);
 }
+
+#ifndef _WIN32
+
+// No program that the host starts meanwhile gets hold of one, nor a terminal in its place.
+TEST_F(OutOfMemoryTest, DescriptorsAreOpenedForTheQueryAlone) {
+  Expected();
+  EXPECT_NE(flagsOfDescriptors, ~0) << "something was opened";
+  EXPECT_NE(flagsOfDescriptors & O_CLOEXEC, 0);
+  EXPECT_NE(flagsOfDescriptors & O_NOCTTY, 0);
+}
+
+#endif
 
 }  // namespace
 }  // namespace Vornik

@@ -54,9 +54,8 @@ std::size_t LoadFolder(const std::string& folder) {
 
 void Hold(QueryPackageImp& query, std::size_t packages, DriverShape shape) {
   SetUp(query);
-  query.packageXmlEntries.reserve(packages);
   for (std::size_t i = 0; i < packages; ++i) {
-    query.packageXmlEntries.push_back({CodeOf(i) + ".xml", PropertiesOf(i, shape)});
+    query.repository.Add(PackageXmlEntry{CodeOf(i) + ".xml", PropertiesOf(i, shape)});
   }
 }
 

@@ -14,7 +14,7 @@ namespace Vornik::Benchmarks {
 // All four switches on, all three lists set.
 void SetUp(QueryPackageImp& query);
 
-// A generated repository in a folder of its own, removed at the end.
+// A generated repository in its own folder, removed at the end.
 class TemporaryRepository {
  public:
   explicit TemporaryRepository(std::size_t packages, std::size_t packs = 0,
@@ -29,8 +29,8 @@ class TemporaryRepository {
   boost::filesystem::path folder_;
 };
 
-// A fresh object and vector. The constructor queries the folder, and throws std::runtime_error
-// where the query does not complete.
+// A new object and vector. The constructor queries the folder, and throws std::runtime_error if the
+// query does not complete.
 class FreshQuery {
  public:
   explicit FreshQuery(const std::string& folder);
@@ -42,10 +42,10 @@ class FreshQuery {
   QueryPackageImp::Results results_;
 };
 
-// Lists the folder and loads each descriptor with TinyXML as it comes; returns their number.
+// Lists the folder and loads each descriptor with TinyXML; returns their number.
 std::size_t LoadFolder(const std::string& folder);
 
-// An object that holds these packages as if it had loaded them.
+// Adds packages to the object as if it had loaded them.
 void Hold(QueryPackageImp& query, std::size_t packages, DriverShape shape = DriverShape::Families);
 
 }  // namespace Vornik::Benchmarks

@@ -1,10 +1,13 @@
-// What callgrind counts instructions of: one whole query, or each filter once on records in memory.
+// The program whose instructions callgrind counts: one whole query, each filter once on records in
+// memory, or a query of one file that is made to be expensive.
 //
 //   instruction_probe query PACKAGES
 //   instruction_probe filters PACKAGES
+//   instruction_probe SHAPE BYTES       a shape of hostileShapes
 //
-// The counting is switched on by callgrind for the functions that it is told.
+// callgrind counts only in the functions that its options name.
 #include <cstdlib>
+#include <fstream>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -16,8 +19,8 @@ namespace {
 
 using Results = QueryPackageImp::Results;
 
-// Functions of their own that callgrind can tell apart. What they return keeps the compiler from
-// leaving one by a jump, which callgrind would not notice.
+// Separate functions, which callgrind can distinguish. They return a value so that the compiler
+// does not leave one by a jump, which callgrind would not notice.
 template <void (QueryPackageImp::*filter)(Results&)>
 std::size_t RunFilter(QueryPackageImp& query, Results& results) {
   (query.*filter)(results);
@@ -49,7 +52,39 @@ void RunFilters(std::size_t packages) {
   }
 }
 
+struct HostileShape {
+  const char* name;
+  std::string begin;
+  std::string piece;  // repeated
+};
+
+// A search or a walk that goes back in the text for each piece costs the square of the size.
+const HostileShape hostileShapes[] = {
+    {"markers", "", std::string(1, '\0') + "SystemUpdateElement" + std::string(1'002, ' ')},
+    {"elements", "<!-- SystemUpdateElement -->\n", "<a>"},
+    {"attributes", "<!-- SystemUpdateElement -->\n<a", " b='&#x41;'"},
+    {"references", "<!-- SystemUpdateElement -->\n<a>", "&#65;&"},
+    {"line-ends", "<!-- SystemUpdateElement -->\n<a>", "\r\n\r"},
+    {"comments", "<!-- SystemUpdateElement -->\n<a>", "<!-- -- -->"},
+    {"unclosed", "<!-- SystemUpdateElement -->\n", "<!"},
+};
+
+int QueryHostileFile(const HostileShape& shape, std::size_t bytes) {
+  const TemporaryRepository repository(0);
+  std::string text = shape.begin;
+  while (text.size() < bytes) text += shape.piece;
+  std::ofstream(repository.Folder() + "/hostile.xml", std::ios::binary) << text;
+  QueryPackageImp query;
+  SetUp(query);
+  query.xmlPackageFolder = repository.Folder();
+  Results results;
+  return query.RunQuery(results) == QueryCode::NoResults ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
 int Run(const std::string& what, std::size_t packages) {
+  for (const HostileShape& shape : hostileShapes) {
+    if (what == shape.name) return QueryHostileFile(shape, packages);
+  }
   if (what == "filters") {
     RunFilters(packages);
     return EXIT_SUCCESS;
@@ -63,7 +98,7 @@ int Run(const std::string& what, std::size_t packages) {
 
 int main(int argc, char** argv) {
   if (argc != 3) {
-    std::cerr << "usage: instruction_probe query|filters PACKAGES\n";
+    std::cerr << "usage: instruction_probe query|filters|SHAPE NUMBER\n";
     return EXIT_FAILURE;
   }
   return Vornik::Benchmarks::Run(argv[1], std::stoul(argv[2]));

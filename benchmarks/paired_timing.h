@@ -1,4 +1,4 @@
-// Times two things in turn, so that what else the machine does meets both.
+// Times two things in turn, so that other work of the machine affects both.
 #ifndef VORNIK_BENCHMARKS_PAIRED_TIMING_H
 #define VORNIK_BENCHMARKS_PAIRED_TIMING_H
 

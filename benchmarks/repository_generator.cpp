@@ -4,7 +4,7 @@
 
 #include <fstream>
 
-#include "package_paths.h"
+#include "text/paths.h"
 
 namespace Vornik::Benchmarks {
 

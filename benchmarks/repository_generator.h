@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "properties.h"
+#include "model/properties.h"
 
 namespace Vornik::Benchmarks {
 
@@ -19,12 +19,12 @@ std::string CodeOf(std::size_t number);
 // Which packages share a driver file, and how their versions differ.
 enum class DriverShape {
   Families,        // packagesPerFamily versions of each driver
-  OneAllDistinct,  // all packages deliver one driver, each a version of its own
-  OneAllEqual,     // the same, all of one version
+  OneAllDistinct,  // all packages deliver one driver, each with its own version
+  OneAllEqual,     // the same, all with the same version
   OneOfTen,        // the same, with ten versions
 };
 
-// The properties of a package, as reading its descriptor gives them.
+// The properties of a package, as read from its descriptor.
 SupXmlProperties PropertiesOf(std::size_t number, DriverShape shape = DriverShape::Families);
 
 // Its descriptor.
@@ -33,7 +33,7 @@ std::string DescriptorOf(std::size_t number);
 // Writes that many descriptors, and a payload for each, into an existing folder.
 void WriteRepository(const std::string& folder, std::size_t packages);
 
-// Writes a pack that holds the packages from first on.
+// Writes a pack that lists the packages from first on.
 void WritePack(const std::string& folder, std::size_t pack, std::size_t first,
                std::size_t packages);
 

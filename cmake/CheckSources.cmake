@@ -1,19 +1,21 @@
 # The house rules that a compiler does not check:
 #
-#   log statements stand in the stages alone, and each expands where it stands;
-#   TinyXML is known to one module;
+#   log statements are in the stages only, and each expands where it is;
+#   TinyXML is known to a few files of reading/ and inspection/, and to no interface of theirs;
 #   Boost.Filesystem is known to the stages and the few modules that deal in paths and files;
-#   a fixed text of the log stands in the table of texts alone.
+#   a fixed text of the log is in the table of texts only.
 #
 #   cmake -D root=<project> -P CheckSources.cmake
 cmake_minimum_required(VERSION 3.21)
 
 set(library "${root}/src/module/querypackage")
-file(GLOB sources RELATIVE "${library}" "${library}/*.cpp" "${library}/*.h")
+file(GLOB_RECURSE sources RELATIVE "${library}" "${library}/*.cpp" "${library}/*.h")
 
 set(mayLog querypackageimp.cpp log_statement.h)
-set(mayKnowTinyXml cimxml.cpp)
-set(mayKnowFiles querypackageimp.cpp query_parameters.cpp package_paths.cpp descriptor_files.cpp)
+set(mayIncludeTinyXml reading/cimxml.h)
+set(mayKnowTinyXml reading/cimxml.cpp reading/descriptor_reading.cpp)
+set(mayKnowFiles querypackageimp.cpp model/query_parameters.cpp text/paths.cpp
+    reading/descriptor_files.cpp reading/descriptor_files.h reading/descriptor_reading.h)
 
 function(require_only file text pattern allowed what)
   if(text MATCHES "${pattern}" AND NOT file IN_LIST allowed)
@@ -24,11 +26,22 @@ endfunction()
 foreach(source IN LISTS sources)
   file(READ "${library}/${source}" text)
   require_only("${source}" "${text}" "QP_LOG|QP_REPORT|<Log\\.h>|\"Log\\.h\"|Log\\(|std::cout"
-    "${mayLog}" "logs; log statements stand in querypackageimp.cpp alone")
-  require_only("${source}" "${text}" "#include [<\"]tinyxml" "${mayKnowTinyXml}"
-    "includes TinyXML; that is for cimxml.cpp alone")
+    "${mayLog}" "logs; log statements are in querypackageimp.cpp only")
+  require_only("${source}" "${text}" "#include [<\"]tinyxml" "${mayIncludeTinyXml}"
+    "includes TinyXML; only ${mayIncludeTinyXml} may")
+  require_only("${source}" "${text}" "#include \"(reading/)?cimxml[.]h" "${mayKnowTinyXml}"
+    "includes reading/cimxml.h; only ${mayKnowTinyXml} may")
   require_only("${source}" "${text}" "#include <boost/filesystem" "${mayKnowFiles}"
     "includes Boost.Filesystem; only ${mayKnowFiles} may")
+endforeach()
+
+# Nor may the command line, or what src/inspection shows it.
+file(GLOB_RECURSE tools RELATIVE "${root}/src"
+  "${root}/src/app/*.cpp" "${root}/src/app/*.h" "${root}/src/inspection/*.h")
+foreach(source IN LISTS tools)
+  file(READ "${root}/src/${source}" text)
+  require_only("${source}" "${text}" "#include [<\"](tinyxml|reading/(cimxml|xml_walk)|inspection/xml_places)"
+    inspection/xml_places.h "sees TinyXML's types")
 endforeach()
 
 file(READ "${library}/querypackageimp.cpp" stages)

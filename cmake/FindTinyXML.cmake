@@ -15,15 +15,18 @@ if(DEFINED VCPKG_TARGET_TRIPLET)
   return()
 endif()
 
+set(file "${CMAKE_STATIC_LIBRARY_PREFIX}tinyxml${CMAKE_STATIC_LIBRARY_SUFFIX}")
 find_path(TinyXML_INCLUDE_DIR tinyxml.h)
-find_library(TinyXML_LIBRARY NAMES libtinyxml.a tinyxml)
-mark_as_advanced(TinyXML_INCLUDE_DIR TinyXML_LIBRARY)
-find_package_handle_standard_args(TinyXML REQUIRED_VARS TinyXML_LIBRARY TinyXML_INCLUDE_DIR)
+find_library(TinyXML_STATIC_LIBRARY NAMES "${file}")
+mark_as_advanced(TinyXML_INCLUDE_DIR TinyXML_STATIC_LIBRARY)
+find_package_handle_standard_args(TinyXML
+  REQUIRED_VARS TinyXML_STATIC_LIBRARY TinyXML_INCLUDE_DIR
+  REASON_FAILURE_MESSAGE "TinyXML is linked statically, which takes tinyxml.h and ${file}, and not a shared library.")
 
 if(TinyXML_FOUND AND NOT TARGET TinyXML::TinyXML)
-  add_library(TinyXML::TinyXML UNKNOWN IMPORTED)
+  add_library(TinyXML::TinyXML STATIC IMPORTED)
   set_target_properties(TinyXML::TinyXML PROPERTIES
-    IMPORTED_LOCATION "${TinyXML_LIBRARY}"
+    IMPORTED_LOCATION "${TinyXML_STATIC_LIBRARY}"
     INTERFACE_INCLUDE_DIRECTORIES "${TinyXML_INCLUDE_DIR}"
     INTERFACE_COMPILE_DEFINITIONS TIXML_USE_STL)
 endif()

@@ -1,5 +1,5 @@
-// Taking a fuzzer's input apart. The format is text wherever it can be, so that seeds are written
-// and findings read with an editor; libFuzzer's own FuzzedDataProvider comes with Clang alone.
+// Divides a fuzzer's input. The format is text wherever possible, so that seeds are written and
+// findings read with an editor; libFuzzer's own FuzzedDataProvider comes only with Clang.
 #ifndef VORNIK_FUZZ_FUZZ_INPUT_H
 #define VORNIK_FUZZ_FUZZ_INPUT_H
 
@@ -19,7 +19,7 @@ inline std::string_view BytesOf(const std::uint8_t* data, std::size_t size) {
 //   ""                            =>  {""}
 std::vector<std::string> Parts(std::string_view input, std::string_view separator);
 
-// Choices among a few, a byte each; behind the last byte always the first. '0' is the first of 2,
+// Choices among a few, one byte each; after the last byte always the first. '0' is the first of 2,
 // 3, 4, 6, 8, 12 or 16, '1' the second, and so on.
 class Choices {
  public:

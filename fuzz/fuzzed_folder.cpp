@@ -55,14 +55,14 @@ Testing::PlainFolder FuzzedFolder::Plain() const {
   return plain;
 }
 
-// A name may lead anywhere, so the file system is asked, through another library than the
+// A name may lead anywhere, so this checks the file system, through another library than the
 // product's.
 bool FuzzedFolder::HoldsFile(const std::string& name) const {
   try {
     std::error_code error;
     return std::filesystem::is_regular_file(folder_.Path() + "/" + name, error);
   } catch (const std::system_error&) {
-    return false;  // the name is no text in the file system's encoding
+    return false;  // the name is not text in the file system's encoding
   }
 }
 

@@ -1,5 +1,5 @@
-// A package folder that a fuzzer fills: the same folder for all inputs, so that a run costs no more
-// than the files that it changes.
+// A package folder that a fuzzer fills: the same folder for all inputs, so that a run writes only
+// the files that it changes.
 #ifndef VORNIK_FUZZ_FUZZED_FOLDER_H
 #define VORNIK_FUZZ_FUZZED_FOLDER_H
 
@@ -13,15 +13,15 @@ namespace Vornik::Fuzzing {
 
 class FuzzedFolder {
  public:
-  // What always lies in the folder: a folder named like a descriptor, and one with a file in it.
+  // The folder always contains a folder named like a descriptor, and one with a file in it.
   FuzzedFolder();
 
-  // Leaves these files in the folder and no others; bytes by name.
+  // Leaves only these files in the folder; bytes by name.
   void Hold(const std::map<std::string, std::string>& files);
 
   const std::string& Path() const { return folder_.Path(); }
 
-  // What the plain query has to know of the folder. Valid while the object lives.
+  // What the plain query has to know about the folder. Valid while the object lives.
   Testing::PlainFolder Plain() const;
 
  private:
@@ -31,7 +31,7 @@ class FuzzedFolder {
   std::map<std::string, std::string> files_;
 };
 
-// The file as the plain query takes it, told from its bytes.
+// The file as the plain query takes it, from its bytes.
 Testing::PlainFile PlainFileOf(const std::string& name, const std::string& bytes);
 
 }  // namespace Vornik::Fuzzing

@@ -1,15 +1,14 @@
 // Whole queries over a folder of up to six files and any settings, against the plain query of the
-// tests: the code, every member of every record, every log line, what is written to standard
-// output.
+// tests: the code, every member of every record, every log line, and standard output.
 //
 // The input is the settings, the id lists, and then the files, with a line of "--" between them:
 //
-//   settings   a byte a choice, in the order of Configure and Check, then one for each file's name
-//   ids        one a line; those that begin with '-' are excluded, the others included
+//   settings   one byte per choice, in the order of Configure and Check, then one per file name
+//   ids        one per line; those that begin with '-' are excluded, the others included
 //
-// A file that holds one of the two contracts is left out of the folder: a pack with an INSTANCE
-// whose first attribute is not CLASSNAME keeps a query from returning, and a package with fewer
-// classifications than driver files ends the process. Both are told by the plain rules.
+// A file with one of the two contracts is omitted from the folder: a pack with an INSTANCE whose
+// first attribute is not CLASSNAME hangs a query, and a package with fewer classifications than
+// driver files aborts the process. The plain rules recognize both.
 #include <algorithm>
 #include <map>
 
@@ -61,8 +60,8 @@ void SetIds(const std::string& ids, QueryPackageImp& query) {
   }
 }
 
-// Whether a query over it would neither return nor end the process.
-bool HoldsContract(const std::string& bytes) {
+// Whether a query over it would hang or abort.
+bool HasContract(const std::string& bytes) {
   const Testing::PlainContent content = Testing::PlainContentOf(bytes);
   if (Testing::PlainMarkersInBytes(bytes).pack && content.hasMisfit) return true;
   return Testing::PlainLacksClassifications(content.properties) ||
@@ -70,7 +69,7 @@ bool HoldsContract(const std::string& bytes) {
                      Testing::PlainLacksClassifications);
 }
 
-// Two files of one name: the later one counts.
+// Of two files with the same name, the later one is kept.
 std::map<std::string, std::string> FilesOf(const Texts& parts, Choices& names) {
   static const Texts pool = {"a.xml", "b.xml", "c.d.xml", "p.exe",
                              "e.XML", ".xml",  "f.xml",   "g.xml.bak"};
@@ -79,7 +78,7 @@ std::map<std::string, std::string> FilesOf(const Texts& parts, Choices& names) {
   std::map<std::string, std::string> files;
   for (std::size_t i = firstFile; i < std::min(parts.size(), firstFile + mostFiles); ++i) {
     const std::string name = names.Of(pool);
-    if (!HoldsContract(parts[i])) files[name] = parts[i];
+    if (!HasContract(parts[i])) files[name] = parts[i];
   }
   return files;
 }
@@ -90,7 +89,8 @@ std::string Joined(const Texts& lines) {
   return text;
 }
 
-// One query on the product and on the plain version. The product's object and records go on.
+// One query with the product and with the plain version. The next one uses the same object and
+// records of the product.
 class Comparison {
  public:
   Comparison(QueryPackageImp& query, const Testing::PlainFolder& folder,
@@ -137,7 +137,7 @@ void Check(std::string_view bytes) {
   query.xmlPackageFolder = folder.Path();
   Configure(choices, query);
   SetIds(parts[1], query);
-  CountingCallback placeholder;  // stands for one that is set
+  CountingCallback placeholder;  // any callback but null
   if (choices.Yes()) query.queryCallback = &placeholder;
   const auto threshold = choices.Of<unsigned int>({3, 3, 2, 0});
   const bool twice = choices.Yes();
@@ -147,7 +147,7 @@ void Check(std::string_view bytes) {
   QueryPackageImp::Results records;
   Comparison comparison(query, plain, records);
   comparison.Run(threshold);
-  // A second query on the same object meets every descriptor twice.
+  // A second query on the same object finds every descriptor twice.
   if (twice) comparison.Run(threshold);
 }
 

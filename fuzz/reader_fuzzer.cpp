@@ -6,11 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "cimxml.h"
 #include "fuzz_input.h"
+#include "inspection/descriptor_inspection.h"
+#include "inspection/dropped_ampersands.h"
+#include "inspection/xml_places.h"
 #include "plain_cimxml.h"
+#include "reading/cimxml.h"
+#include "reading/xml_walk.h"
 #include "requirement.h"
-#include "xml_limits.h"
 
 namespace Vornik::Fuzzing {
 
@@ -18,73 +21,73 @@ namespace {
 
 using Testing::PlainContent;
 
-bool AreSame(const XmlOutline& a, const XmlOutline& b) {
-  return a.fault == b.fault && a.offset == b.offset &&
-         a.unfinishedDeclaration == b.unfinishedDeclaration;
-}
-
-void CheckOutline(const std::string& buffer, const TiXmlDocument& tree, const XmlLimits& limits) {
-  const XmlOutline walked = OutlineXml(buffer.data(), limits);
-  const XmlOutline outline = OutlineXml(buffer.data(), buffer.size(), limits);
-  Require(AreSame(outline, walked), "the same outline with and without the walk");
+void CheckScan(const std::string& buffer, const TiXmlDocument& tree, const XmlLimits& limits) {
+  const XmlScan walked = XmlWalk(buffer.data(), limits).Run();
+  const XmlScan scan = ScanXml(buffer, limits);
+  Require(scan.fault == walked.fault && scan.unfinishedDeclaration == walked.unfinishedDeclaration,
+          "the same scan with and without the walk");
   Require(walked.fault == Testing::PlainLimitFault(tree, limits), "the fault of TinyXML's tree");
   if (walked.fault != XmlLimitFault::None) {
-    Require(buffer[walked.offset] == '<', "an element at the fault's place");
+    Require(buffer[FailureOffset(buffer, limits)] == '<', "an element at the fault's place");
   }
-  if (walked.unfinishedDeclaration != XmlOutline::npos) {
+  if (walked.unfinishedDeclaration != XmlScan::npos) {
     Require(buffer[walked.unfinishedDeclaration] == '<', "a tag at the declaration's place");
   }
 }
 
-void CheckLostAmpersands(const std::string& bytes, const std::string& buffer) {
-  constexpr std::size_t most = 8;
-  const LostAmpersandOffsets lost = OutlineLostAmpersands(buffer.data(), most);
-  Require(lost.offsets.size() == std::min(lost.count, most), "a place for each of the first");
-  for (const std::size_t offset : lost.offsets) {
-    Require(buffer[offset] == '&', "an ampersand at its place");
+void CheckDroppedAmpersands(const std::string& bytes) {
+  constexpr std::size_t maxCount = 8;
+  const DroppedAmpersands dropped = FindDroppedAmpersands(bytes, maxCount);
+  Require(dropped.first.size() == std::min(dropped.count, maxCount),
+          "a place for each of the first");
+  for (const TextPosition& place : dropped.first) {
+    Require(place.line > 0 && place.column > 0, "a line and a column");
   }
-  const LostAmpersands found = FindLostAmpersands(bytes, most);
-  Require(found.count == lost.count, "the ampersands of the outline");
-  Require(found.first.size() == lost.offsets.size(), "a line and a column for each of the first");
 }
 
-// What tools ask of a property beside its values.
-void CheckElement(const TiXmlNode& element, const SupXmlProperty& property) {
-  std::vector<ValueElement> values;
-  CollectValues(element, values);
+// What tools read of a property beside its values.
+void CheckElement(const TiXmlElement& element, const SupXmlProperty& property) {
   std::size_t texts = 0;
-  for (const ValueElement& value : values) texts += value.texts;
+  VisitValuesOfProperty(element, [&texts](const TiXmlElement& value) {
+    VisitTexts(value, [&texts](const char*) { ++texts; });
+  });
   Require(texts == property.values.size(), "the elements of the property's values");
-  Require((LineOf(element) > 0) == (ColumnOf(element) > 0), "a line and a column, or neither");
+  const TextPosition place = PlaceOf(element);
+  Require((place.line > 0) == (place.column > 0), "a line and a column, or neither");
+}
+
+void CheckFault(const ParseOutcome& outcome, const PreparedXml& xml) {
+  DescriptorReading reading;
+  reading.fault = outcome.fault;
+  reading.parserText = outcome.parserText;
+  reading.line = outcome.line;
+  reading.column = outcome.column;
+  Require((outcome.fault == DescriptorFault::None) == FaultText(reading).empty(),
+          "a reason for each fault, and for nothing else");
+  PlaceFault(xml, reading);
+  Require(outcome.fault != DescriptorFault::NotWellFormed || reading.line > 0,
+          "a place for each fault of TinyXML's");
 }
 
 PlainContent Read(const std::string& bytes, DescriptorKind kind, Positions positions) {
   PlainContent content;
   CimXmlDocument document;
-  const LoadOutcome outcome = document.LoadBytes(bytes, kind, positions);
-  content.loaded = outcome.fault == LoadFault::None;
-  Require(content.loaded == outcome.reason.empty(),
-          "a reason for each fault, and for nothing else");
-  Require(outcome.fault != LoadFault::NotWellFormed ||
-              (outcome.line > 0) == (positions == Positions::Tracked),
-          "a place for each fault of TinyXML's, where places are tracked");
+  const PreparedXml xml = PrepareXml(bytes);
+  const ParseOutcome outcome =
+      document.Parse(xml, kind, positions == Positions::Tracked ? PositionsIn(xml) : positions);
+  content.loaded = outcome.fault == DescriptorFault::None;
+  CheckFault(outcome, xml);
   content.hasRoot = document.Root() != nullptr;
-  ReadProperties(document.Root(), content.properties);
-  std::vector<const TiXmlNode*> elements;
-  CollectProperties(document.Root(), elements);
+  content.properties = ReadProperties(document.Root());
+  const std::vector<const TiXmlElement*> elements = CollectProperties(document.Root());
   Require(elements.size() == content.properties.size(), "an element for each property");
   for (std::size_t i = 0; i < elements.size(); ++i) {
     CheckElement(*elements[i], content.properties[i]);
   }
-  std::vector<const TiXmlNode*> instances;
-  content.hasMisfit = CollectInstances(document.Root(), instances) != nullptr;
-  for (const TiXmlNode* instance : instances) {
-    ReadProperties(instance, content.instances.emplace_back());
+  content.hasMisfit = !document.CollectInstances();
+  for (const TiXmlNode* instance : document.Instances()) {
+    content.instances.push_back(ReadProperties(instance));
   }
-  std::vector<const TiXmlNode*> misfits;
-  CollectMisfits(document.Root(), misfits);
-  Require(misfits.empty() != content.hasMisfit,
-          "a misfit where the walk for instances ends at one");
   return content;
 }
 
@@ -102,11 +105,11 @@ void Check(const std::string& bytes) {
   tree.SetTabSize(0);
   tree.Parse(buffer.data(), nullptr, TIXML_ENCODING_UNKNOWN);
   // Small limits too: few inputs reach the default ones.
-  CheckOutline(buffer, tree, XmlLimits());
-  CheckOutline(buffer, tree, {3, 2});
+  CheckScan(buffer, tree, XmlLimits());
+  CheckScan(buffer, tree, {3, 2});
   const bool isOverLimits = Testing::PlainLimitFault(tree, XmlLimits()) != XmlLimitFault::None;
   CheckContent(bytes, isOverLimits ? PlainContent() : Testing::PlainContentOf(tree));
-  CheckLostAmpersands(bytes, buffer);
+  CheckDroppedAmpersands(bytes);
 }
 
 }  // namespace

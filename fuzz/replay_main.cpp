@@ -1,6 +1,6 @@
 // Runs a fuzz target on the files that the arguments name, and on every file of the folders among
-// them, without a fuzzer. An input that the target fails on ends the process; its name is the last
-// one printed.
+// them, without a fuzzer. An input on which the target fails aborts the process; its name is the
+// last one printed.
 #include <boost/filesystem/directory.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <boost/filesystem/path.hpp>
@@ -30,7 +30,7 @@ void Replay(const fs::path& file) {
   LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
 }
 
-// How many inputs the path gave.
+// Returns the number of inputs at the path.
 std::size_t ReplayAll(const fs::path& path) {
   if (!fs::is_directory(path)) {
     Replay(path);

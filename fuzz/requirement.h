@@ -1,5 +1,5 @@
-// What a fuzz target expects of the library; where it does not hold, the process ends, and the
-// fuzzer keeps the input.
+// What a fuzz target requires of the library; if it is not true, the process aborts and the fuzzer
+// keeps the input.
 #ifndef VORNIK_FUZZ_REQUIREMENT_H
 #define VORNIK_FUZZ_REQUIREMENT_H
 

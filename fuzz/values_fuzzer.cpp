@@ -12,14 +12,14 @@
 #include <cctype>
 #include <stdexcept>
 
-#include "bracketed_text.h"
-#include "decimal.h"
-#include "driver_files.h"
 #include "fuzz_input.h"
-#include "pack_choice.h"
 #include "plain_driver_files.h"
 #include "plain_properties.h"
+#include "records/driver_files.h"
+#include "records/pack_selection.h"
 #include "requirement.h"
+#include "text/bracketed_text.h"
+#include "text/decimal.h"
 
 namespace Vornik::Fuzzing {
 

@@ -3,6 +3,15 @@
 // The whole public surface of the library. A host creates a QueryPackage, sets the folder, the
 // machine and the query, calls RunQuery and reads one QueryPackageResult per package. No operation
 // starts a thread or takes a lock, and no result refers back to the object that produced it.
+//
+// What a host provides:
+//
+// - The same compiler, C++ runtime and configuration of it as the library's: strings, vectors and
+//   exceptions cross the boundary, and the host frees what the library allocates.
+// - The class Vornik::Log. The target Vornik::querypackage brings the default one along, unless the
+//   host's project defines its own target Vornik::Log first.
+// - Sound folders, or protection from unsound ones: two mistakes in a descriptor hang or abort the
+//   process. See RunQuery.
 #ifndef VORNIK_QUERYPACKAGE_H
 #define VORNIK_QUERYPACKAGE_H
 
@@ -51,7 +60,8 @@ enum class ArcValue : std::uint32_t {
 
 // Update-type code, compared as a number with a descriptor's "type".
 enum class UpdateType : std::int32_t {
-  Any = 99,  // requested: accepts every package that has a type; on a package: meets every request
+  // Requested: accepts every package that has a type. On a package: matches every request.
+  Any = 99,
 };
 
 // What RunQuery returns. There is no code 1.
@@ -72,13 +82,16 @@ inline constexpr std::uint32_t NotMatched = 2;    // the package fails this filt
 
 // Implemented by a host that wants to act between the stages of a query. The library borrows the
 // object and never deletes it; an exception that leaves an operation leaves RunQuery too.
+//
+// An operation may call every function of the library, also of the object that runs the query: its
+// setters, and RunQuery, which loads the folder once more. It must not destroy that object.
 class IQueryPackageCallback {
  public:
   // Called once when the results are built, before the first filter. The host's vector, the
   // settings of the query and the locale may be changed here; later stages see the change.
   virtual void PreQueryPackage() = 0;
 
-  // Never called by this version of the library. It holds its place among the virtual operations.
+  // Never called by this version of the library. It keeps the order of the virtual operations.
   virtual void QueryPackageProgress() {}
 
   // Called once after the last filter, just before RunQuery returns QueryCode::Completed.
@@ -91,16 +104,16 @@ class IQueryPackageCallback {
   ~IQueryPackageCallback() = default;
 };
 
-// One package that a query found. A plain value: it owns all that it holds, copies are deep, and a
-// moved-from record holds valid but unspecified texts. Texts are bytes as the descriptor has them,
-// neither trimmed nor converted; an empty text means that the descriptor gives none.
+// One package that a query found. A plain value: it owns its contents, copies are deep, and the
+// texts of a moved-from record are valid but unspecified. Texts are bytes as the descriptor has
+// them, neither trimmed nor converted; an empty text means that the descriptor has none.
 struct QueryPackageResult {
   // One driver file that the package delivers. name and version are never empty in a record that
   // a query built.
   struct DriverFile {
-    std::string name;            // or the package's category, where it lists no driver files
+    std::string name;            // or the package's category, if it lists no driver files
     std::string version;         // version of that file
-    std::string classification;  // empty: the descriptor gives none
+    std::string classification;  // empty: the descriptor has none
   };
 
   QUERYPACKAGE_API QueryPackageResult();
@@ -125,7 +138,7 @@ struct QueryPackageResult {
   std::vector<std::string> applicableDeviceId;
   std::vector<std::string> preReq;
   std::vector<std::string> coReq;
-  std::string kovuXmlFile;     // path of the pack that lists the package; empty: found on its own
+  std::string kovuXmlFile;     // path of the pack that it is a member of; empty: none
   std::string kovuName;        // that file's name without its last extension
   std::string supersedesId;    // a package that this one replaces
   std::string supersededById;  // the package that replaces this one
@@ -154,7 +167,7 @@ class QueryPackage {
   QueryPackage(const QueryPackage&) = delete;
   QueryPackage& operator=(const QueryPackage&) = delete;
 
-  // The folder that holds the descriptors and payloads, as a path in the process's narrow encoding.
+  // The folder of the descriptors and payloads, as a path in the process's narrow encoding.
   QUERYPACKAGE_API void SetXMLPackageFolder(const std::string& folder);
 
   // The machine. machineType is four decimal digits and is compared exactly: "0123" is not "123".
@@ -167,8 +180,8 @@ class QueryPackage {
   QUERYPACKAGE_API void SetSupersedeFilter(bool on);
 
   // Each list replaces the one before; an empty list switches its filter off. Ids are compared
-  // whole and without regard to case, but an id that stands in both lists, spelled alike, makes
-  // RunQuery return QueryCode::InvalidParameter.
+  // whole and without regard to case, but only an id that is in both lists in the same spelling
+  // makes RunQuery return QueryCode::InvalidParameter.
   QUERYPACKAGE_API void SetUpdateTypes(const std::vector<UpdateType>& updateTypes);
   QUERYPACKAGE_API void SetIncludePackageIDs(const std::vector<std::string>& packageIds);
   QUERYPACKAGE_API void SetExcludePackageIDs(const std::vector<std::string>& packageIds);
@@ -176,17 +189,24 @@ class QueryPackage {
   // Borrowed: the host keeps the object alive for as long as it is set. Null removes it.
   QUERYPACKAGE_API void SetQueryCallback(IQueryPackageCallback* callback);
 
-  // Runs the query on the calling thread and returns a QueryCode. On Completed, results holds one
-  // record per package; on NoResults it is as it was when the folder holds no descriptor at all,
-  // and empty otherwise. The library keeps no reference to it.
+  // Runs the query on the calling thread and returns a QueryCode. On Completed, results has one
+  // record per package. On NoResults it is untouched if no query of this object has loaded a
+  // descriptor, for example because every file of the folder is broken, and empty otherwise. The
+  // library keeps no reference to it. On InvalidParameter the reason also goes to standard output,
+  // without a line end.
   //
   // The descriptors that a query loads stay with the object: a second query loads the folder again
-  // on top of them, and the duplicate filter drops what it then meets twice. Use a new object for a
-  // fresh look at a folder.
+  // on top of them, and the duplicate filter drops the repeats. Use a new object to read a folder
+  // afresh.
   //
-  // Throws nothing of its own. What the file-system library (a folder path that it cannot query),
-  // the logging library, the callback or a failed allocation throws reaches the caller, and the
-  // vector then holds what the interrupted stage left.
+  // Never returns if an INSTANCE of a pack has a first attribute other than CLASSNAME, and calls
+  // std::abort if a package has values of "driverFilesClassification" but fewer than of
+  // "driverFiles". "querypackage-cli lint" and "querypackage-cli query" find both before a query
+  // does. For folders that nobody has checked, run the query in a separate process.
+  //
+  // Throws no exceptions of its own. Those of the file-system library (for a folder path that it
+  // cannot query), the logging library, the callback and failed allocations reach the caller, and
+  // the vector is then as the interrupted stage left it.
   QUERYPACKAGE_API int RunQuery(std::vector<QueryPackageResult>& results);
 
  private:

@@ -1,5 +1,5 @@
-# The package that 'cpack --preset' makes: everything that is installed, and the licences of what is
-# inside.
+# The package that 'cpack --preset' creates: everything that is installed, and the licences of the
+# libraries inside.
 
 set(licences)
 # Names the text that goes into the package for one library: Debian's, or vcpkg's.

@@ -1,8 +1,8 @@
-# Makes the package, unpacks it into an empty folder, compares it file by file with what it has to
-# hold, and runs the program from there.
+# Creates the package, unpacks it into an empty folder, compares its files with those that it must
+# contain, and runs the program from there.
 #
 #   cmake -D config=<CPackConfig.cmake> -D folder=... -D cpack=... -D "emulator=..."
-#         -D "files=<what it holds beside licences and repository>"
+#         -D "files=<its files without licences and repository>"
 #         -D "licences=<name>=<text>..." -D licenceFolder=...
 #         -D "built=<the libraries and the program, not stripped>" -D nm=...
 #         -D program=... -D repository=... -D sample=<the repository's source>
@@ -33,7 +33,7 @@ function(compare_text file original)
   endif()
 endfunction()
 
-# The licences of what is in the built files: each library's symbols give it away.
+# The licences of the libraries inside the built files, recognized by their symbols.
 function(list_inside result)
   execute_process(COMMAND "${nm}" --defined-only ${built}
     OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
@@ -87,7 +87,7 @@ foreach(licence IN LISTS licences)
   endforeach()
 endforeach()
 
-# Nothing but what lies beside the program may help it.
+# The program may use only what is next to it.
 unset(ENV{WINEPATH})
 unset(ENV{LD_LIBRARY_PATH})
 execute_process(COMMAND ${emulator} "${top}/${program}" query "${repository}"

@@ -22,7 +22,7 @@ int PrintPackages(const std::string& folder, const std::string& machineType) {
   query.SetXMLPackageFolder(folder);
   query.SetPlatform(static_cast<Vornik::OsValue>(10), static_cast<Vornik::ArcValue>(9),
                     machineType);
-  query.SetKovuFilter(false);  // packages from outside the machine's pack are welcome too
+  query.SetKovuFilter(false);  // accept packages from outside the machine's pack, too
 
   std::vector<Vornik::QueryPackageResult> packages;
   const int code = query.RunQuery(packages);

@@ -1,4 +1,4 @@
-// The host's own logging library: keeps records in memory until the host asks for them.
+// The host's own logging library: keeps records in memory until the host takes them.
 #ifndef OWN_LOG_HOST_LOG_H
 #define OWN_LOG_HOST_LOG_H
 
@@ -15,7 +15,7 @@ struct LogEntry {
   std::string message;
 };
 
-// Thrown where a record of level 1 completes, once ThrowOnErrors is on.
+// Thrown when a record of level 1 is completed while ThrowOnErrors is on.
 class LogError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

@@ -1,8 +1,8 @@
 // own-log-host [--throw] FOLDER
 //
 // Queries FOLDER for one machine and prints what querypackage reported to this host's own log.
-// With --throw the log throws at the first error, and the host catches that around RunQuery; a
-// query without an error is a failure then.
+// With --throw the log throws at the first error, and the host catches the exception around
+// RunQuery; a query without an error then counts as a failure.
 #include <cstdlib>
 #include <exception>
 #include <iostream>

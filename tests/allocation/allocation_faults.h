@@ -50,8 +50,8 @@ class SparedAllocations {
   bool before_;
 };
 
-// Whether the allocation that is about to be made fails; to be asked by whoever stands in for a
-// function that allocates otherwise.
+// Whether the next allocation fails. A replacement of another function that allocates checks it
+// first.
 bool NextAllocationFails();
 
 // The blocks that were allocated while allocations were watched and are still there.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <tinyxml.h>
 
+#include <boost/filesystem/path.hpp>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
@@ -12,10 +13,7 @@
 #include <string_view>
 #include <vector>
 
-#ifdef _WIN32
-#include <boost/filesystem/path.hpp>
-#else
-#include <dlfcn.h>
+#ifndef _WIN32
 #include <fcntl.h>
 #endif
 
@@ -27,12 +25,11 @@
 
 namespace {
 
-// TinyXML's parser holds the node or attribute that it reads by a bare pointer, and drops it when
-// an allocation throws. So it is to be known which blocks are the parser's.
+// TinyXML's parser owns the node or attribute that it reads by a bare pointer, and leaks it when an
+// allocation throws. So the test has to know which blocks are the parser's.
 class WatchedDocument final : public TiXmlDocument {
  public:
   const char* Parse(const char* text, TiXmlParsingData* previous, TiXmlEncoding encoding) override {
-    const Vornik::Testing::AllocatingScope scope(Vornik::Testing::Allocating::Parser);
     return TiXmlDocument::Parse(text, previous, encoding);
   }
 };
@@ -40,15 +37,47 @@ static_assert(sizeof(WatchedDocument) == sizeof(TiXmlDocument));
 
 }  // namespace
 
+// The linker puts this in the place of TiXmlDocument::Parse where it is called directly, as it is
+// above, and as it may be where a compiler knows which class it has constructed.
+const char* WatchedParse(
+    TiXmlDocument* document, const char* text, TiXmlParsingData* previous,
+    TiXmlEncoding
+        encoding) __asm__("__wrap__ZN13TiXmlDocument5ParseEPKcP16TiXmlParsingData13TiXmlEncoding");
+const char* RealParse(
+    TiXmlDocument* document, const char* text, TiXmlParsingData* previous,
+    TiXmlEncoding
+        encoding) __asm__("__real__ZN13TiXmlDocument5ParseEPKcP16TiXmlParsingData13TiXmlEncoding");
+
+const char* WatchedParse(TiXmlDocument* document, const char* text, TiXmlParsingData* previous,
+                         TiXmlEncoding encoding) {
+  const Vornik::Testing::AllocatingScope scope(Vornik::Testing::Allocating::Parser);
+  return RealParse(document, text, previous, encoding);
+}
+
 // The linker puts this in the place of TiXmlDocument's constructor wherever one is made.
 // NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): it names it so
 extern "C" void __wrap__ZN13TiXmlDocumentC1Ev(void* memory) { new (memory) WatchedDocument; }
 
+static std::size_t filenamesTaken = 0;
+
+// The linker puts this in the place of path::filename wherever the library calls it.
+struct CountedPath : boost::filesystem::path {
+  boost::filesystem::path CountedFilename() const
+      __asm__("__wrap__ZNK5boost10filesystem4path8filenameEv");
+  boost::filesystem::path RealFilename() const
+      __asm__("__real__ZNK5boost10filesystem4path8filenameEv");
+};
+
+boost::filesystem::path CountedPath::CountedFilename() const {
+  ++filenamesTaken;
+  return RealFilename();
+}
+
 #ifdef _WIN32
 
-// On Windows Boost asks for the extension of every path whose kind it finds. That compares paths in
-// a function that is declared to throw nothing although it allocates: memory that runs out there
-// ends the process, whatever its caller does. So it is spared.
+// On Windows Boost takes the extension of every path whose type it determines. That compares paths
+// in a noexcept function that allocates: running out of memory there ends the process, whatever its
+// caller does. So no allocation fails there.
 struct BoostPath : boost::filesystem::path {
   boost::filesystem::path SparedExtension() const
       __asm__("__wrap__ZNK5boost10filesystem4path9extensionEv");
@@ -66,7 +95,7 @@ boost::filesystem::path BoostPath::SparedExtension() const {
 // What every descriptor was opened with.
 static int flagsOfDescriptors = ~0;
 
-// The kernel allocates what stands for an open file.
+// The kernel allocates memory for an open file.
 // NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the linker names it so
 extern "C" int __real_open(const char* path, int flags, ...);
 // NOLINTNEXTLINE(bugprone-reserved-identifier,cert-*): the same
@@ -85,15 +114,9 @@ extern "C" int __wrap_open(const char* path, int flags, ...) {
   return __real_open(path, flags, mode);
 }
 
-// The C library allocates the stream of a file.
-extern "C" __attribute__((visibility("default"))) std::FILE* fdopen(int descriptor,
-                                                                    const char* mode) {
-  using Fdopen = std::FILE* (*)(int, const char*);
-  static const auto next = reinterpret_cast<Fdopen>(dlsym(RTLD_NEXT, "fdopen"));
-  if (!Vornik::Testing::NextAllocationFails()) return next(descriptor, mode);
-  errno = ENOMEM;
-  return nullptr;
-}
+// What glibc's headers make of a call whose flags they do not know, in an optimised build.
+// NOLINTNEXTLINE(bugprone-reserved-identifier,cert-*): the same
+extern "C" int __wrap___open_2(const char* path, int flags) { return __wrap_open(path, flags); }
 
 #endif
 
@@ -135,7 +158,9 @@ std::ostringstream& Log::Stream() {
   return stream_;
 }
 
-unsigned int Log::GetMinLogLevel() { return 3; }
+static unsigned int minLogLevel = 3;
+
+unsigned int Log::GetMinLogLevel() { return minLogLevel; }
 
 namespace {
 
@@ -182,7 +207,7 @@ class OutOfMemoryTest : public testing::Test {
     query.SetUpdateTypes({static_cast<UpdateType>(2)});
   }
 
-  // What a query of an object that nothing happened to gives.
+  // The result of a query without a failed allocation.
   Records Expected() const {
     QueryPackage query;
     Configure(query);
@@ -251,9 +276,26 @@ TEST_F(OutOfMemoryTest, ForGoodFromEveryAllocation) {
   FailEverywhere(AllocationFault::FromThereOn);
 }
 
+// The name of a file is only needed for the line that contains it.
+TEST(Messages, AreNotComputedBelowTheThreshold) {
+  const TempFolder folder;
+  folder.Write("neither.xml", "<a/>");
+  for (const unsigned int level : {0U, 1U}) {
+    QueryPackage query;
+    query.SetXMLPackageFolder(folder.Path());
+    query.SetPlatform(static_cast<OsValue>(10), static_cast<ArcValue>(9), "1234");
+    Records results;
+    filenamesTaken = 0;
+    minLogLevel = level;
+    EXPECT_EQ(query.RunQuery(results), QueryCode::NoResults);
+    minLogLevel = 3;
+    EXPECT_EQ(filenamesTaken, level) << "level " << level;
+  }
+}
+
 #ifndef _WIN32
 
-// No program that the host starts meanwhile gets hold of one, nor a terminal in its place.
+// A program that the host starts meanwhile inherits none of them, and no terminal is acquired.
 TEST_F(OutOfMemoryTest, DescriptorsAreOpenedForTheQueryAlone) {
   Expected();
   EXPECT_NE(flagsOfDescriptors, ~0) << "something was opened";

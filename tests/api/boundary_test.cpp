@@ -104,7 +104,7 @@ class ExceptionTest : public BoundaryTest {
  protected:
   ExceptionTest() { Prepare(query_); }
 
-  // The callback throws first before, then behind the filters. Afterwards the object works.
+  // The callback throws first before, then after the filters. Afterwards the object works.
   template <typename Exception, typename Check>
   void ExpectThroughTheLibrary(const Exception& exception, const Check& check) {
     const auto fail = [&exception] { throw exception; };

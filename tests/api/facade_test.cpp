@@ -2,6 +2,8 @@
 #include <LogSettings.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <cstring>
 
 #include "captured_stdout.h"
 #include "host_fixture.h"
@@ -29,6 +31,27 @@ class FacadeTest : public HostTest {
 
 static_assert(!std::is_copy_constructible_v<QueryPackage>);
 static_assert(!std::is_copy_assignable_v<QueryPackage>);
+static_assert(sizeof(QueryPackage) == sizeof(void*));
+
+#ifndef _MSC_VER
+
+// A host's callback is called by its place in the table of virtual functions. A pointer to such a
+// member starts with that place: one more than its offset in the table.
+template <typename Member>
+std::size_t PlaceOf(Member member) {
+  std::size_t start = 0;
+  static_assert(sizeof(member) >= sizeof(start));
+  std::memcpy(&start, &member, sizeof(start));
+  return (start - 1) / sizeof(void*);
+}
+
+TEST(Callback, OperationsAreInTheirPlaces) {
+  EXPECT_EQ(PlaceOf(&IQueryPackageCallback::PreQueryPackage), 0U);
+  EXPECT_EQ(PlaceOf(&IQueryPackageCallback::QueryPackageProgress), 1U);
+  EXPECT_EQ(PlaceOf(&IQueryPackageCallback::PostQueryPackage), 2U);
+}
+
+#endif
 
 TEST_F(FacadeTest, NewObjectHasNothingSet) {
   QueryPackage query;

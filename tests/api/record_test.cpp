@@ -4,9 +4,12 @@
 #include <type_traits>
 
 #include "QueryPackage.h"
+#include "record_members.h"
 
 namespace Vornik {
 namespace {
+
+using Testing::ForEachRecordMember;
 
 static_assert(std::is_default_constructible_v<QueryPackageResult>);
 static_assert(std::is_copy_constructible_v<QueryPackageResult>);
@@ -24,48 +27,20 @@ static_assert(FilterStatus::NotEvaluated == 0 && FilterStatus::Matched == 1 &&
 
 const std::string long0(100, 'x');
 
-// Every member by name, in the order of their declaration.
-template <typename Record, typename Visit>
-void ForEachMember(Record& record, const Visit& visit) {
-  visit(record.packageXmlFile);
-  visit(record.identificationCode);
-  visit(record.driverFiles);
-  visit(record.buildNumber);
-  visit(record.description);
-  visit(record.updateSelection);
-  visit(record.rebootRequired);
-  visit(record.severity);
-  visit(record.category);
-  visit(record.payload);
-  visit(record.type);
-  visit(record.Version);
-  visit(record.applicableDeviceId);
-  visit(record.preReq);
-  visit(record.coReq);
-  visit(record.kovuXmlFile);
-  visit(record.kovuName);
-  visit(record.supersedesId);
-  visit(record.supersededById);
-  visit(record.platformFilterStatus);
-  visit(record.kovuFilterStatus);
-  visit(record.sepFilterStatus);
-  visit(record.payloadExistFilterStatus);
-  visit(record.supersedeFilterStatus);
-  visit(record.includeIdFilterStatus);
-  visit(record.excludeIdFilterStatus);
-  visit(record.updateTypeFilterStatus);
-}
-
 class Fill {
  public:
-  void operator()(std::string& text) const { text = long0 + std::to_string(++number_); }
-  void operator()(std::vector<std::string>& texts) const {
+  void operator()(const char* /*name*/, std::string& text) const {
+    text = long0 + std::to_string(++number_);
+  }
+  void operator()(const char* /*name*/, std::vector<std::string>& texts) const {
     texts = {long0 + std::to_string(++number_)};
   }
-  void operator()(std::vector<QueryPackageResult::DriverFile>& files) const {
+  void operator()(const char* /*name*/, std::vector<QueryPackageResult::DriverFile>& files) const {
     files = {{long0 + std::to_string(++number_), "version", "classification"}};
   }
-  void operator()(std::uint32_t& status) const { status = static_cast<std::uint32_t>(++number_); }
+  void operator()(const char* /*name*/, std::uint32_t& status) const {
+    status = static_cast<std::uint32_t>(++number_);
+  }
 
  private:
   mutable int number_ = 0;
@@ -74,11 +49,12 @@ class Fill {
 class Describe {
  public:
   explicit Describe(std::vector<std::string>& out) : out_(out) {}
-  void operator()(const std::string& text) const { out_.push_back(text); }
-  void operator()(const std::vector<std::string>& texts) const {
+  void operator()(const char* /*name*/, const std::string& text) const { out_.push_back(text); }
+  void operator()(const char* /*name*/, const std::vector<std::string>& texts) const {
     out_.push_back(testing::PrintToString(texts));
   }
-  void operator()(const std::vector<QueryPackageResult::DriverFile>& files) const {
+  void operator()(const char* /*name*/,
+                  const std::vector<QueryPackageResult::DriverFile>& files) const {
     std::string text;
     for (const auto& file : files) {
       text.append(file.name)
@@ -89,7 +65,9 @@ class Describe {
     }
     out_.push_back(text);
   }
-  void operator()(std::uint32_t status) const { out_.push_back(std::to_string(status)); }
+  void operator()(const char* /*name*/, std::uint32_t status) const {
+    out_.push_back(std::to_string(status));
+  }
 
  private:
   std::vector<std::string>& out_;
@@ -97,13 +75,13 @@ class Describe {
 
 std::vector<std::string> Contents(const QueryPackageResult& record) {
   std::vector<std::string> contents;
-  ForEachMember(record, Describe(contents));
+  ForEachRecordMember(record, Describe(contents));
   return contents;
 }
 
 QueryPackageResult FilledRecord() {
   QueryPackageResult record;
-  ForEachMember(record, Fill());
+  ForEachRecordMember(record, Fill());
   return record;
 }
 
@@ -114,17 +92,14 @@ TEST(Record, DefaultIsEmptyAndNotEvaluated) {
   EXPECT_EQ(Contents(QueryPackageResult()), expected);
 }
 
-TEST(Record, MembersStandInTheirOrder) {
+TEST(Record, MembersAreInTheOrderOfTheirDeclaration) {
   QueryPackageResult record;
   const char* last = nullptr;
-  int count = 0;
-  ForEachMember(record, [&](auto& member) {
+  ForEachRecordMember(record, [&](const char* name, auto& member) {
     const char* address = reinterpret_cast<const char*>(&member);
-    EXPECT_TRUE(last == nullptr || last < address) << count;
+    EXPECT_TRUE(last == nullptr || last < address) << name;
     last = address;
-    ++count;
   });
-  EXPECT_EQ(count, 27);
 }
 
 TEST(Record, CopiesAreDeepAndComplete) {

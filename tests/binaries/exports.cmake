@@ -1,4 +1,4 @@
-# Compares what a shared library exports with a list, one mangled name a line, sorted.
+# Compares what a shared library exports with a list, one mangled name per line, sorted.
 #
 #   cmake -D library=... -D expected=<file> -D tool=<nm, for a DLL objdump> -P exports.cmake
 cmake_minimum_required(VERSION 3.21)

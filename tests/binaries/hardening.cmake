@@ -1,4 +1,4 @@
-# Checks a library or a program for the defences that its format shows, and object files of it for
+# Checks a library or a program for the defences that its file format shows, and its object files for
 # the stack protector.
 #
 #   cmake -D file=... -D "objects=<object files>" [-D "faults=<the faults that it has to have>"]
@@ -24,7 +24,7 @@ function(check_windows_file)
   fault_unless("${flags}" "DYNAMIC_BASE" "loaded at a fixed address")
   fault_unless("${flags}" "HIGH_ENTROPY_VA" "addresses of 32 bits only")
   fault_unless("${flags}" "NX_COMPAT" "data can be executed")
-  # Without relocations the flag that allows another address means nothing.
+  # Without relocations the flag that allows another address has no effect.
   fault_unless("${headers}" "Virtual Address: [0-9a-f]+ Chunk size" "no relocations")
   set(found "${found}" PARENT_SCOPE)
 endfunction()

@@ -1,5 +1,5 @@
-# Runs the program that writes behind the end of what it has, and checks that it is stopped by what
-# is meant to stop it, not by the accident of a page that is not there.
+# Runs the program that writes past the end of a buffer, and checks that the intended defence stops
+# it, not an unmapped page.
 #
 #   cmake -D "command=<program and its argument>" -D "status=<how it ends>" -P overflow.cmake
 cmake_minimum_required(VERSION 3.21)

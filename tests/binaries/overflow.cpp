@@ -1,6 +1,6 @@
-// Writes behind the end of what it has, in one of two ways that a hardened build stops.
+// Writes past the end of a buffer, in one of two ways that a hardened build stops.
 //
-//   overflow stack|fortified      ends with 0 where nothing has stopped it
+//   overflow stack|fortified      ends with 0 if nothing has stopped it
 #include <cstdio>
 #include <cstring>
 

@@ -1,6 +1,6 @@
-# Compares what a version script by itself lets through with a list of exports. Every symbol of the
-# library, of the libraries inside it too, is put into a library of its own with default visibility,
-# so that nothing but the script holds it back.
+# Compares the symbols that a version script alone lets through with a list of exports. Every symbol
+# of the library, and of the libraries inside it, is put into a separate library with default
+# visibility, so that only the script hides it.
 #
 #   cmake -D library=... -D script=... -D expected=<file> -D nm=... -D compiler=... -D folder=...
 #         -P version_script.cmake

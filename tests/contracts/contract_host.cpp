@@ -1,4 +1,4 @@
-// A host for contents that hold or end its process: it prints each log record as it is completed.
+// A host for contents that hang or abort its process: it prints each log record as it is completed.
 #include <LogSettings.h>
 
 #include <iostream>

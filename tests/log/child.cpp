@@ -1,18 +1,10 @@
 #include "child.h"
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
-#include <thread>
 
 #include "support.h"
-
-#ifndef _WIN32
-#include <sys/resource.h>
-
-#include <csignal>
-#endif
 
 namespace Vornik {
 
@@ -54,6 +46,13 @@ int EmitAndAbort() {
   std::abort();
 }
 
+int EmitControls() {
+  Emit(1,
+       "a\xC2\x9B"
+       "2J\xE2\x80\xAEz");
+  return 0;
+}
+
 int EmitAtExit() {
   logAtExit = true;
   return 0;
@@ -88,29 +87,6 @@ int LoseEverything() {
   return LostLogRecords() == 10 ? 0 : 1;
 }
 
-#ifndef _WIN32
-void LimitFileSize(rlim_t bytes) {
-  rlimit limit{};
-  getrlimit(RLIMIT_FSIZE, &limit);
-  limit.rlim_cur = bytes;
-  setrlimit(RLIMIT_FSIZE, &limit);
-}
-
-// The disk fills up in the middle of a line and has room again later.
-int LogOverAFullDisk(const std::string& path) {
-  if (std::signal(SIGXFSZ, SIG_IGN) == SIG_ERR) return 1;
-  LimitFileSize(1000);
-  if (!LogToFile({path, 100000, 1})) return 1;
-  for (int number = 0; number < 30; ++number) Emit(1, "before " + std::to_string(number));
-  if (LostLogRecords() == 0) return 1;
-  LimitFileSize(RLIM_INFINITY);
-  std::this_thread::sleep_for(std::chrono::milliseconds(1200));
-  const std::uint64_t lostBefore = LostLogRecords();
-  for (int number = 0; number < 3; ++number) Emit(1, "after " + std::to_string(number));
-  return LostLogRecords() == lostBefore ? 0 : 1;
-}
-#endif
-
 }  // namespace
 
 int RunChild(const std::vector<std::string>& arguments) {
@@ -118,12 +94,10 @@ int RunChild(const std::vector<std::string>& arguments) {
   const std::string& mode = arguments[0];
   const std::string& operand = arguments[1];
   if (mode == "abort") return Select(operand) ? EmitAndAbort() : 1;
+  if (mode == "controls") return Select(operand) ? EmitControls() : 1;
   if (mode == "exit") return Select(operand) ? EmitAtExit() : 1;
   if (mode == "everywhere") return EmitEverywhere(operand);
   if (mode == "lose") return LoseEverything();
-#ifndef _WIN32
-  if (mode == "full-disk") return LogOverAFullDisk(operand);
-#endif
   return 2;
 }
 

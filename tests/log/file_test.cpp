@@ -3,7 +3,6 @@
 
 #include <chrono>
 #include <fstream>
-#include <thread>
 
 #include "support.h"
 
@@ -12,12 +11,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Longer than the pause that the library makes after a failure.
-constexpr std::chrono::milliseconds retryPause{1200};
-
 class LogFileTest : public testing::Test {
  protected:
-  const TemporaryFolder& Folder() const { return folder_; }
+  const TempFolder& Folder() const { return folder_; }
   fs::path Path() const { return folder_ / "log.txt"; }
 
   void Open(std::size_t maxBytes, std::size_t maxFiles) const {
@@ -26,7 +22,7 @@ class LogFileTest : public testing::Test {
   }
 
  private:
-  const TemporaryFolder folder_;
+  const TempFolder folder_;
   const RestoredSettings restored_{};
 };
 
@@ -149,7 +145,7 @@ TEST_F(LogFileTest, CountsWhatItHeldBeforeItWasOpened) {
   EXPECT_EQ(Texts(ParseLines(ReadFile(Path()))), std::vector<std::string>{"a"});
 }
 
-// --- failures ---
+// --- failures; file_sink_test.cpp shows what follows them ---
 
 TEST_F(LogFileTest, SurvivesAFileThatCannotBeRenamed) {
   // A folder with something in it stands where the full file should go.
@@ -159,13 +155,6 @@ TEST_F(LogFileTest, SurvivesAFileThatCannotBeRenamed) {
   for (int number = 0; number < 4; ++number) EXPECT_NO_THROW(Emit(1, std::to_string(number)));
   EXPECT_GT(LostLogRecords(), lostBefore);
   EXPECT_LE(fs::file_size(Path()), 100u);
-
-  fs::remove_all(RotatedName(Path(), 1));
-  std::this_thread::sleep_for(retryPause);
-  const std::uint64_t lostThen = LostLogRecords();
-  Emit(1, "recovered");
-  EXPECT_EQ(LostLogRecords(), lostThen);
-  EXPECT_EQ(Texts(ParseLines(ReadFile(Path()))).back(), "recovered");
 }
 
 #ifndef _WIN32  // Windows does not remove the folder of an open file
@@ -183,12 +172,6 @@ TEST_F(LogFileTest, SurvivesTheLossOfItsFolder) {
   Emit(1, std::string(200, 'x'));
   for (int number = 0; number < 50; ++number) EXPECT_NO_THROW(Emit(1, "short"));
   EXPECT_EQ(LostLogRecords(), lostBefore + 51);
-
-  fs::remove(folder);
-  std::this_thread::sleep_for(retryPause);
-  Emit(1, "recovered");
-  EXPECT_EQ(LostLogRecords(), lostBefore + 51);
-  EXPECT_EQ(Texts(ParseLines(ReadFile(path))), std::vector<std::string>{"recovered"});
 }
 
 TEST_F(LogFileTest, DoesNotMakeTheEmitterWaitWhileItCannotBeOpened) {

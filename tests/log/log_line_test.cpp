@@ -17,7 +17,11 @@ void PrintTo(const EscapeCase& escapeCase, std::ostream* stream) { *stream << es
 class LogEscape : public testing::TestWithParam<EscapeCase> {};
 
 TEST_P(LogEscape, GivesOneLine) {
-  EXPECT_EQ(EscapeControlBytes(GetParam().text), GetParam().escaped);
+  EXPECT_EQ(Escape(GetParam().text, LineEscape::ControlBytes), GetParam().escaped);
+}
+
+TEST_P(LogEscape, GivesTheSameLineOnATerminal) {
+  EXPECT_EQ(Escape(GetParam().text, LineEscape::TerminalControls), GetParam().escaped);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -44,24 +48,61 @@ INSTANTIATE_TEST_SUITE_P(
         EscapeCase{"BackslashBeforeLineFeed", "\\\n", "\\\\\\n"}),
     [](const auto& param) { return std::string(param.param.name); });
 
+TEST(LogTerminalEscape, EscapesWideControlsAndDirectionMarks) {
+  const EscapeCase cases[] = {
+      {"FirstControl", "a\xC2\x80z", "a\\xC2\\x80z"},
+      {"SequenceIntroducer",
+       "\xC2\x9B"
+       "2J",
+       "\\xC2\\x9B"
+       "2J"},
+      {"LastControl", "\xC2\x9F", "\\xC2\\x9F"},
+      {"ArabicMark", "\xD8\x9C", "\\xD8\\x9C"},
+      {"Marks", "\xE2\x80\x8E\xE2\x80\x8F", "\\xE2\\x80\\x8E\\xE2\\x80\\x8F"},
+      {"Separator", "\xE2\x80\xA8", "\\xE2\\x80\\xA8"},
+      {"Override", "\xE2\x80\xAE", "\\xE2\\x80\\xAE"},
+      {"Isolate", "\xE2\x81\xA6", "\\xE2\\x81\\xA6"}};
+  for (const EscapeCase& one : cases) {
+    EXPECT_EQ(Escape(one.text, LineEscape::TerminalControls), one.escaped) << one.name;
+    EXPECT_EQ(Escape(one.text, LineEscape::ControlBytes), one.text) << one.name;
+  }
+}
+
+TEST(LogTerminalEscape, LeavesTheirNeighboursAlone) {
+  for (const char* text : {"\xC2\xA0", "\xE2\x80\x8D", "\xE2\x80\xAF", "\xE2\x81\xA5",
+                           "\xF0\x9F\x98\x80", "\xC2", "\x9B", "\xE2\x80"}) {
+    EXPECT_EQ(Escape(text, LineEscape::TerminalControls), text);
+  }
+}
+
 TEST(LogLineText, NamesLevelFileAndLine) {
-  EXPECT_EQ(LogLine({1, "src/a.cpp", 7, "no folder"}), "error src/a.cpp:7: no folder");
-  EXPECT_EQ(LogLine({2, "src/a.cpp", 7, "no value"}), "warning src/a.cpp:7: no value");
-  EXPECT_EQ(LogLine({3, "src/a.cpp", 7, "Check - Start"}), "progress src/a.cpp:7: Check - Start");
+  EXPECT_EQ(LogLine({1, "src/a.cpp", 7, "no folder"}, LineEscape::ControlBytes),
+            "error src/a.cpp:7: no folder");
+  EXPECT_EQ(LogLine({2, "src/a.cpp", 7, "no value"}, LineEscape::ControlBytes),
+            "warning src/a.cpp:7: no value");
+  EXPECT_EQ(LogLine({3, "src/a.cpp", 7, "Check - Start"}, LineEscape::ControlBytes),
+            "progress src/a.cpp:7: Check - Start");
 }
 
 TEST(LogLineText, GivesTheNumberOfAnyOtherLevel) {
-  EXPECT_EQ(LogLine({0, "a.cpp", 7, "x"}), "level0 a.cpp:7: x");
-  EXPECT_EQ(LogLine({4, "a.cpp", 7, "x"}), "level4 a.cpp:7: x");
-  EXPECT_EQ(LogLine({4294967295u, "a.cpp", 7, "x"}), "level4294967295 a.cpp:7: x");
+  EXPECT_EQ(LogLine({0, "a.cpp", 7, "x"}, LineEscape::ControlBytes), "level0 a.cpp:7: x");
+  EXPECT_EQ(LogLine({4, "a.cpp", 7, "x"}, LineEscape::ControlBytes), "level4 a.cpp:7: x");
+  EXPECT_EQ(LogLine({4294967295u, "a.cpp", 7, "x"}, LineEscape::ControlBytes),
+            "level4294967295 a.cpp:7: x");
 }
 
 TEST(LogLineText, EscapesFileAndText) {
-  EXPECT_EQ(LogLine({1, "src\\a\n.cpp", 7, "x\n"}), "error src\\\\a\\n.cpp:7: x\\n");
+  EXPECT_EQ(LogLine({1, "src\\a\n.cpp", 7, "x\n"}, LineEscape::ControlBytes),
+            "error src\\\\a\\n.cpp:7: x\\n");
+}
+
+TEST(LogLineText, EscapesFileAndTextForATerminal) {
+  EXPECT_EQ(LogLine({1, "\xC2\x9B.cpp", 7, "\xE2\x80\xAEx"}, LineEscape::TerminalControls),
+            "error \\xC2\\x9B.cpp:7: \\xE2\\x80\\xAEx");
 }
 
 TEST(LogLineText, TakesEmptyPartsAndNegativeLines) {
-  EXPECT_EQ(LogLine({1, "", -1, ""}), "error :-1: ");
+  EXPECT_EQ(LogLine({1, "", -1, ""}, LineEscape::ControlBytes), "error :-1: ");
 }
 
 }  // namespace

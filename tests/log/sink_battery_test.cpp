@@ -44,7 +44,7 @@ class FileSinkUnderTest final : public Sink {
   std::vector<Received> Take() override { return ReadRotated(path_); }
 
  private:
-  TemporaryFolder folder_;
+  TempFolder folder_;
   std::filesystem::path path_ = folder_ / "log.txt";
 };
 

@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <random>
 #include <sstream>
 
 namespace Vornik {
@@ -150,18 +149,6 @@ fs::path RotatedName(const fs::path& path, std::size_t index) {
   name += "." + std::to_string(index);
   name += path.extension();
   return path.parent_path() / name;
-}
-
-TemporaryFolder::TemporaryFolder() {
-  std::random_device random;
-  do {
-    path_ = fs::temp_directory_path() / ("log_tests_" + std::to_string(random()));
-  } while (!fs::create_directory(path_));
-}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  fs::remove_all(path_, ignored);
 }
 
 RestoredSettings::~RestoredSettings() {

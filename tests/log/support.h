@@ -9,6 +9,7 @@
 
 #include "Log.h"
 #include "LogSettings.h"
+#include "temp_folder.h"
 
 namespace Vornik {
 
@@ -43,19 +44,11 @@ std::vector<Received> ReadRotated(const std::filesystem::path& path);
 // log.txt, 2 => log.2.txt; 0 is the current file
 std::filesystem::path RotatedName(const std::filesystem::path& path, std::size_t index);
 
-// A new folder, removed at the end of the scope.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+using Testing::TempFolder;
 
-  std::filesystem::path operator/(std::string_view name) const { return path_ / name; }
-
- private:
-  std::filesystem::path path_;
-};
+inline std::filesystem::path operator/(const TempFolder& folder, std::string_view name) {
+  return std::filesystem::path(folder.Path()) / name;
+}
 
 // Puts the library back into its initial state at the end of the scope.
 struct RestoredSettings {

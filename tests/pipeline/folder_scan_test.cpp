@@ -8,6 +8,7 @@
 
 #include "folder_listing.h"
 #include "query_fixture.h"
+#include "reading_of.h"
 #include "unqueryable_folder.h"
 
 namespace Vornik::Testing {
@@ -19,7 +20,7 @@ class FolderScanTest : public QueryTest {
  protected:
   Lines LoadedFiles() const {
     Lines files;
-    for (const auto& entry : imp.packageXmlEntries) files.push_back(entry.xmlFile);
+    for (const auto& entry : imp.repository.packageXmlEntries()) files.push_back(entry.xmlFile);
     return files;
   }
 };
@@ -28,22 +29,22 @@ TEST_F(FolderScanTest, EmptyFolderTextFails) {
   imp.xmlPackageFolder = "";
   EXPECT_FALSE(imp.ParseXmlPackageFolder());
   EXPECT_EQ(Log(), Lines{"1 xml package folder is not set"});
-  EXPECT_TRUE(imp.packageXmlEntries.empty());
-  EXPECT_TRUE(imp.kovuPackEntries.empty());
+  EXPECT_TRUE(imp.repository.packageXmlEntries().empty());
+  EXPECT_TRUE(imp.repository.kovuPackEntries().empty());
 }
 
 TEST_F(FolderScanTest, MissingFolderIsReportedAndPasses) {
   imp.xmlPackageFolder = PathOf("missing");
   EXPECT_TRUE(imp.ParseXmlPackageFolder());
   EXPECT_EQ(Log(), Lines{"1 " + imp.xmlPackageFolder + " does not exist\n"});
-  EXPECT_TRUE(imp.packageXmlEntries.empty());
+  EXPECT_TRUE(imp.repository.packageXmlEntries().empty());
 }
 
 TEST_F(FolderScanTest, FileInPlaceOfTheFolderIsReportedAndPasses) {
   imp.xmlPackageFolder = folder.Write("plain", "x");
   EXPECT_TRUE(imp.ParseXmlPackageFolder());
   EXPECT_EQ(Log(), Lines{"1 " + imp.xmlPackageFolder + " exists, but is not a directory\n"});
-  EXPECT_TRUE(imp.packageXmlEntries.empty());
+  EXPECT_TRUE(imp.repository.packageXmlEntries().empty());
 }
 
 TEST_F(FolderScanTest, EmptyFolderPassesWithoutALine) {
@@ -57,7 +58,7 @@ TEST_F(FolderScanTest, OtherExtensionsAreSkippedWithoutAWord) {
   }
   EXPECT_TRUE(imp.ParseXmlPackageFolder());
   EXPECT_EQ(Log(), Lines{});
-  EXPECT_TRUE(imp.packageXmlEntries.empty());
+  EXPECT_TRUE(imp.repository.packageXmlEntries().empty());
 }
 
 TEST_F(FolderScanTest, IndividualDescriptorIsLoadedWithItsFullPath) {
@@ -73,9 +74,9 @@ TEST_F(FolderScanTest, FileWithBothMarkersIsAPackOnly) {
   const std::string path =
       folder.Write("both.xml", Pack({Descriptor("p")}) + "<!-- SystemUpdateElement -->");
   EXPECT_TRUE(imp.ParseXmlPackageFolder());
-  ASSERT_EQ(imp.kovuPackEntries.size(), 1U);
-  EXPECT_EQ(imp.kovuPackEntries[0].kovuXmlFile, path);
-  EXPECT_TRUE(imp.packageXmlEntries.empty());
+  ASSERT_EQ(imp.repository.kovuPackEntries().size(), 1U);
+  EXPECT_EQ(imp.repository.kovuPackEntries()[0].kovuXmlFile, path);
+  EXPECT_TRUE(imp.repository.packageXmlEntries().empty());
   EXPECT_EQ(Log()[0], "3 " + path + " is Kovu xml");
 }
 
@@ -103,28 +104,28 @@ TEST_F(FolderScanTest, MarkerAcross1023BytesOfALineIsNotSeen) {
   const std::string before(1023 - marker.size(), ' ');
   folder.Write("seen.xml", before + marker);
   folder.Write("straddles.xml", " " + before + marker);
-  EXPECT_TRUE(imp.IsIndividualXml(PathOf("seen.xml")));
-  EXPECT_FALSE(imp.IsIndividualXml(PathOf("straddles.xml")));
+  EXPECT_TRUE(imp.IsIndividualXml(ReadingOf(PathOf("seen.xml"))));
+  EXPECT_FALSE(imp.IsIndividualXml(ReadingOf(PathOf("straddles.xml"))));
 }
 
 TEST_F(FolderScanTest, PathsThatNameNoDescriptorAreAnsweredWithoutALine) {
   for (const char* path : {"", "a.XML", "xml", "a.xm"}) {
-    EXPECT_FALSE(imp.IsKovuXml(path)) << path;
-    EXPECT_FALSE(imp.IsIndividualXml(path)) << path;
+    EXPECT_FALSE(imp.IsKovuXml(ReadingOf(path))) << path;
+    EXPECT_FALSE(imp.IsIndividualXml(ReadingOf(path))) << path;
   }
   EXPECT_EQ(Log(), Lines{});
 }
 
 TEST_F(FolderScanTest, ExtensionAnywhereInThePathIsEnoughForTheTests) {
   const std::string path = folder.Write("a.xml.bak", "SystemUpdateElement");
-  EXPECT_TRUE(imp.IsIndividualXml(path));
+  EXPECT_TRUE(imp.IsIndividualXml(ReadingOf(path)));
   EXPECT_EQ(Log(), Lines{"3 " + path + " is individual xml"});
 }
 
 TEST_F(FolderScanTest, FileThatCannotBeOpenedIsOfNeitherKind) {
   const std::string path = PathOf("missing.xml");
-  EXPECT_FALSE(imp.IsKovuXml(path));
-  EXPECT_FALSE(imp.IsIndividualXml(path));
+  EXPECT_FALSE(imp.IsKovuXml(ReadingOf(path)));
+  EXPECT_FALSE(imp.IsIndividualXml(ReadingOf(path)));
   EXPECT_EQ(Log(),
             (Lines{"3 " + path + " is not Kovu xml", "3 " + path + " is not individual xml"}));
 }
@@ -142,7 +143,7 @@ TEST_F(FolderScanTest, FilesInSubfoldersAreNeverSeen) {
   folder.Write("sub/a.xml", Descriptor("a").Individual());
   EXPECT_TRUE(imp.ParseXmlPackageFolder());
   EXPECT_EQ(Log(), Lines{});
-  EXPECT_TRUE(imp.packageXmlEntries.empty());
+  EXPECT_TRUE(imp.repository.packageXmlEntries().empty());
 }
 
 TEST_F(FolderScanTest, FileCalledJustXmlIsLoaded) {
@@ -173,7 +174,7 @@ TEST_F(FolderScanTest, RunningTheStageTwiceAppends) {
   EXPECT_TRUE(imp.ParseXmlPackageFolder());
   EXPECT_TRUE(imp.ParseXmlPackageFolder());
   EXPECT_EQ(LoadedFiles(), (Lines{PathOf("a.xml"), PathOf("a.xml")}));
-  EXPECT_EQ(imp.kovuPackEntries.size(), 2U);
+  EXPECT_EQ(imp.repository.kovuPackEntries().size(), 2U);
 }
 
 TEST_F(FolderScanTest, FolderThatCannotBeQueriedFails) {
@@ -186,14 +187,14 @@ TEST_F(FolderScanTest, FolderThatCannotBeQueriedFails) {
 // The C library's text mode, which only Windows has: the text ends before a byte 0x1A.
 TEST_F(FolderScanTest, MarkerIsLookedForInWhatTheCLibraryDelivers) {
   folder.Write("before.xml", "<!-- SystemUpdateElement -->\x1A");
-  folder.Write("behind.xml", "<!--\x1A SystemUpdateElement -->");
+  folder.Write("after.xml", "<!--\x1A SystemUpdateElement -->");
   folder.Write("lines.xml", "\r\n\r" + std::string(1'003, ' ') + "SystemUpdateElement\r\n");
-  EXPECT_TRUE(imp.IsIndividualXml(PathOf("before.xml")));
-  EXPECT_TRUE(imp.IsIndividualXml(PathOf("lines.xml")));
+  EXPECT_TRUE(imp.IsIndividualXml(ReadingOf(PathOf("before.xml"))));
+  EXPECT_TRUE(imp.IsIndividualXml(ReadingOf(PathOf("lines.xml"))));
 #ifdef _WIN32
-  EXPECT_FALSE(imp.IsIndividualXml(PathOf("behind.xml")));
+  EXPECT_FALSE(imp.IsIndividualXml(ReadingOf(PathOf("after.xml"))));
 #else
-  EXPECT_TRUE(imp.IsIndividualXml(PathOf("behind.xml")));
+  EXPECT_TRUE(imp.IsIndividualXml(ReadingOf(PathOf("after.xml"))));
 #endif
 }
 
@@ -203,7 +204,9 @@ TEST_F(FolderScanTest, DocumentIsNotCutWhereTheTextOfTheMarkersEnds) {
                             Descriptor("a").Set("description", "x\r\ny").Instance());
   EXPECT_TRUE(imp.ParseXmlPackageFolder());
   ASSERT_EQ(LoadedFiles(), Lines{PathOf("a.xml")});
-  EXPECT_EQ(GetPropertyValue("identificationCode", imp.packageXmlEntries[0].properties), "a");
+  EXPECT_EQ(
+      GetPropertyValue("identificationCode", imp.repository.packageXmlEntries()[0].properties),
+      "a");
 }
 
 #ifndef _WIN32

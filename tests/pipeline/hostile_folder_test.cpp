@@ -10,6 +10,7 @@
 #endif
 
 #include "query_fixture.h"
+#include "repeat.h"
 
 namespace Vornik::Testing {
 namespace {
@@ -18,13 +19,6 @@ namespace fs = boost::filesystem;
 
 const std::string individualMarker = "<!-- SystemUpdateElement -->\n";
 const std::string packMarker = "<!-- ORXQDL_SystemUpdateProduct -->\n";
-
-std::string Repeat(const std::string& text, std::size_t times) {
-  std::string repeated;
-  repeated.reserve(text.size() * times);
-  for (std::size_t i = 0; i < times; ++i) repeated += text;
-  return repeated;
-}
 
 std::string ManyAttributes(std::size_t count) {
   std::string element = "<a";
@@ -127,8 +121,8 @@ TEST_F(HostileFolderTest, DeepestNestingThatIsRead) {
   folder.Write("hostile.xml", packMarker + nested("<INSTANCE CLASSNAME='a'>", 999, "</INSTANCE>"));
   RunBesideSound();
   EXPECT_EQ(FileErrors(), Lines{});
-  ASSERT_EQ(imp.kovuPackEntries.size(), 1U);
-  EXPECT_EQ(imp.kovuPackEntries[0].members.size(), 999U);
+  ASSERT_EQ(imp.repository.kovuPackEntries().size(), 1U);
+  EXPECT_EQ(imp.repository.kovuPackEntries()[0].members.size(), 999U);
 }
 
 TEST_F(HostileFolderTest, ManyAttributes) {
@@ -220,8 +214,8 @@ TEST_F(HostileFolderTest, NestedInstancesOverManyProperties) {
 
   folder.Write("hostile.xml", packMarker + instances + Repeat("<PROPERTY NAME='x'/>", 1'000) + end);
   RunBesideSound();
-  ASSERT_EQ(imp.kovuPackEntries.size(), 1U);
-  EXPECT_EQ(imp.kovuPackEntries[0].members.size(), 900U);
+  ASSERT_EQ(imp.repository.kovuPackEntries().size(), 1U);
+  EXPECT_EQ(imp.repository.kovuPackEntries()[0].members.size(), 900U);
 }
 
 TEST_F(HostileFolderTest, PackInsideAPack) {
@@ -264,7 +258,7 @@ TEST_F(HostileFolderTest, FileThatChangesBetweenScanAndFilters) {
     EXPECT_EQ(results[1].payloadExistFilterStatus, payloadExist);
     EXPECT_EQ(results[1].platformFilterStatus, FilterStatus::Matched);
     fs::remove(hostile);
-    imp.packageXmlEntries.clear();
+    imp.repository = {};
     RecordingLog::Reset();
   }
 }
@@ -300,7 +294,7 @@ TEST_F(HostileFolderTest, FileThatChangesBeforeItIsRead) {
     EXPECT_EQ(FileErrors(), Lines{notValid});
     EXPECT_EQ(Codes(), (Lines{"a_sound", "z_sound"}));
     fs::remove(hostile);
-    imp.packageXmlEntries.clear();
+    imp.repository = {};
     RecordingLog::Reset();
   }
 }

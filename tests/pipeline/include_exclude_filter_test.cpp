@@ -188,7 +188,7 @@ TEST_F(IdFilterTest, StatusIsSetAlsoWhenNothingIsLogged) {
   EXPECT_EQ(Log(), Lines{});
 }
 
-TEST_F(IdFilterTest, LocaleChangedWhileAFilterRunsCountsFromThereOn) {
+TEST_F(IdFilterTest, LocaleIsTheOneInForceWhenTheFilterBegins) {
   const GlobalLocaleGuard guard(std::locale::classic());
   imp.includePackageIds = {"aX"};
   results = {RecordOf("ax"), RecordOf("ay"), RecordOf("ax")};
@@ -197,24 +197,33 @@ TEST_F(IdFilterTest, LocaleChangedWhileAFilterRunsCountsFromThereOn) {
   });
   imp.FilterIncludeId(results);
   EXPECT_EQ(results[0].includeIdFilterStatus, FilterStatus::Matched);
+  EXPECT_EQ(results[1].includeIdFilterStatus, FilterStatus::NotMatched);
+  EXPECT_EQ(results[2].includeIdFilterStatus, FilterStatus::Matched);
+  imp.FilterIncludeId(results);
+  EXPECT_EQ(results[0].includeIdFilterStatus, FilterStatus::NotMatched);
   EXPECT_EQ(results[1].includeIdFilterStatus, FilterStatus::Matched);
   EXPECT_EQ(results[2].includeIdFilterStatus, FilterStatus::NotMatched);
 }
 
-TEST_F(IdFilterTest, QuestionsAboutOneCode) {
-  EXPECT_FALSE(imp.IsIncludedPackageId("a"));
-  EXPECT_FALSE(imp.IsExcludedPackageId("a"));
-  imp.includePackageIds = {"abc", ""};
+TEST_F(IdFilterTest, ListIsTheOneThatIsSetNow) {
+  results = {RecordOf("abc"), RecordOf(""), RecordOf("def")};
+  imp.includePackageIds = {"ABC", ""};
   imp.excludePackageIds = {"DEF"};
-  EXPECT_TRUE(imp.IsIncludedPackageId("ABC"));
-  EXPECT_TRUE(imp.IsIncludedPackageId(""));
-  EXPECT_FALSE(imp.IsIncludedPackageId("def"));
-  EXPECT_TRUE(imp.IsExcludedPackageId("def"));
-  EXPECT_FALSE(imp.IsExcludedPackageId("abc"));
-  EXPECT_FALSE(imp.IsExcludedPackageId(""));
+  imp.FilterIncludeId(results);
+  imp.FilterExcludeId(results);
+  const auto statuses = [this](std::uint32_t QueryPackageResult::*slot) {
+    return std::vector<std::uint32_t>{results[0].*slot, results[1].*slot, results[2].*slot};
+  };
+  const std::uint32_t matched = FilterStatus::Matched;
+  const std::uint32_t notMatched = FilterStatus::NotMatched;
+  EXPECT_EQ(statuses(&QueryPackageResult::includeIdFilterStatus),
+            (std::vector<std::uint32_t>{matched, matched, notMatched}));
+  EXPECT_EQ(statuses(&QueryPackageResult::excludeIdFilterStatus),
+            (std::vector<std::uint32_t>{matched, matched, notMatched}));
   imp.includePackageIds = {"x"};
-  EXPECT_FALSE(imp.IsIncludedPackageId("abc")) << "the list is the one that is set now";
-  EXPECT_EQ(Log(), Lines{});
+  imp.FilterIncludeId(results);
+  EXPECT_EQ(statuses(&QueryPackageResult::includeIdFilterStatus),
+            (std::vector<std::uint32_t>{notMatched, notMatched, notMatched}));
 }
 
 }  // namespace

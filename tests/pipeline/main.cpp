@@ -2,6 +2,9 @@
 // nothing that a folder holds may make a query need a deeper one.
 #include <gtest/gtest.h>
 
+#include "sanitizers.h"
+#include "shuffled_tests.h"
+
 #ifndef _WIN32
 
 #include <pthread.h>
@@ -11,7 +14,7 @@
 namespace {
 
 // Sanitizers put more into each frame.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef QUERYPACKAGE_TEST_SANITIZED
 constexpr std::size_t stackBytes = std::size_t{4} << 20;
 #else
 constexpr std::size_t stackBytes = std::size_t{1} << 20;
@@ -44,6 +47,6 @@ static int RunTestsOnSmallStack() { return RUN_ALL_TESTS(); }
 #endif
 
 int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
+  Vornik::Testing::InitShuffledTests(argc, argv);
   return RunTestsOnSmallStack();
 }

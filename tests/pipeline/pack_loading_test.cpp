@@ -1,6 +1,7 @@
 // Loading packs.
-#include "package_paths.h"
 #include "query_fixture.h"
+#include "reading_of.h"
+#include "text/paths.h"
 
 namespace Vornik::Testing {
 namespace {
@@ -12,23 +13,24 @@ Descriptor Member(const std::string& xmlFilename) {
 class PackLoadingTest : public QueryTest {
  protected:
   void ExpectFailure(const std::string& bytes, const Lines& errors) {
-    EXPECT_FALSE(imp.LoadKovuXml(folder.Write("P.xml", bytes)));
+    EXPECT_FALSE(imp.LoadKovuXml(ReadingOf(folder.Write("P.xml", bytes))));
     EXPECT_EQ(Errors(), errors);
-    EXPECT_TRUE(imp.kovuPackEntries.empty());
+    EXPECT_TRUE(imp.repository.kovuPackEntries().empty());
   }
 
   Lines MemberFiles(const std::vector<Descriptor>& instances) {
-    imp.kovuPackEntries.clear();
-    EXPECT_TRUE(imp.LoadKovuXml(folder.Write("P.xml", Pack(instances))));
+    imp.repository = {};
+    EXPECT_TRUE(imp.LoadKovuXml(ReadingOf(folder.Write("P.xml", Pack(instances)))));
     Lines files;
-    for (const auto& member : imp.kovuPackEntries.at(0).members) files.push_back(member.xmlFile);
+    for (const auto& member : imp.repository.kovuPackEntries().at(0).members)
+      files.push_back(member.xmlFile);
     return files;
   }
 };
 
 TEST_F(PackLoadingTest, PathsThatNameNoDescriptorFailWithoutALine) {
-  EXPECT_FALSE(imp.LoadKovuXml(""));
-  EXPECT_FALSE(imp.LoadKovuXml(folder.Write("P.XML", Pack({Descriptor("p")}))));
+  EXPECT_FALSE(imp.LoadKovuXml(ReadingOf("")));
+  EXPECT_FALSE(imp.LoadKovuXml(ReadingOf(folder.Write("P.XML", Pack({Descriptor("p")})))));
   EXPECT_EQ(Log(), Lines{});
 }
 
@@ -38,7 +40,7 @@ TEST_F(PackLoadingTest, OwnInstanceGoesToTheFront) {
   const std::string each = "3 Get Kovu's UpdateElement XML's property value";
   EXPECT_EQ(Log(), (Lines{"3 Load Kovu XML file: " + PathOf("P.xml"), "3 Load Kovu XML's root node",
                           each, each, each}));
-  EXPECT_EQ(imp.kovuPackEntries[0].kovuXmlFile, PathOf("P.xml"));
+  EXPECT_EQ(imp.repository.kovuPackEntries()[0].kovuXmlFile, PathOf("P.xml"));
 }
 
 TEST_F(PackLoadingTest, LaterOwnInstancesGoInFrontOfEarlierOnes) {
@@ -63,9 +65,10 @@ TEST_F(PackLoadingTest, NameInAnotherCaseIsAnOrdinaryMember) {
 }
 
 TEST_F(PackLoadingTest, EveryInstanceEmptyStillGivesAPack) {
-  EXPECT_TRUE(imp.LoadKovuXml(folder.Write("P.xml", Pack({Descriptor(), Descriptor()}))));
-  ASSERT_EQ(imp.kovuPackEntries.size(), 1U);
-  EXPECT_TRUE(imp.kovuPackEntries[0].members.empty());
+  EXPECT_TRUE(
+      imp.LoadKovuXml(ReadingOf(folder.Write("P.xml", Pack({Descriptor(), Descriptor()})))));
+  ASSERT_EQ(imp.repository.kovuPackEntries().size(), 1U);
+  EXPECT_TRUE(imp.repository.kovuPackEntries()[0].members.empty());
   const std::string failed = "Faile to load Kovu's UpdateElement XML's property value";
   EXPECT_EQ(Errors(), (Lines{failed, failed}));
 }
@@ -77,13 +80,13 @@ TEST_F(PackLoadingTest, EmptyInstanceIsSkippedAndTheOthersAreLoaded) {
 }
 
 TEST_F(PackLoadingTest, NestedInstanceIsReadIntoBoth) {
-  EXPECT_TRUE(imp.LoadKovuXml(folder.Write(
+  EXPECT_TRUE(imp.LoadKovuXml(ReadingOf(folder.Write(
       "P.xml",
       "<INSTANCE CLASSNAME='a'><PROPERTY NAME='x'><VALUE>1</VALUE></PROPERTY>"
       "<INSTANCE CLASSNAME='b'><PROPERTY NAME='xmlFilename'><VALUE>m.xml</VALUE></PROPERTY>"
-      "</INSTANCE></INSTANCE>")));
-  ASSERT_EQ(imp.kovuPackEntries.size(), 1U);
-  const auto& members = imp.kovuPackEntries[0].members;
+      "</INSTANCE></INSTANCE>"))));
+  ASSERT_EQ(imp.repository.kovuPackEntries().size(), 1U);
+  const auto& members = imp.repository.kovuPackEntries()[0].members;
   ASSERT_EQ(members.size(), 2U);
   EXPECT_EQ(members[0].properties.size(), 2U);
   EXPECT_EQ(members[0].xmlFile, PathOf("m.xml"));
@@ -92,7 +95,7 @@ TEST_F(PackLoadingTest, NestedInstanceIsReadIntoBoth) {
 
 TEST_F(PackLoadingTest, MissingFile) {
   const std::string path = PathOf("missing.xml");
-  EXPECT_FALSE(imp.LoadKovuXml(path));
+  EXPECT_FALSE(imp.LoadKovuXml(ReadingOf(path)));
   EXPECT_EQ(Log(), (Lines{"3 Load Kovu XML file: " + path, "1 Faile to load Kovu XML: " + path}));
 }
 

@@ -1,5 +1,6 @@
 // Loading individual descriptors.
 #include "query_fixture.h"
+#include "reading_of.h"
 
 namespace Vornik::Testing {
 namespace {
@@ -8,27 +9,27 @@ class PackageLoadingTest : public QueryTest {
  protected:
   void ExpectFailure(const std::string& bytes, const Lines& errors) {
     const std::string path = folder.Write("a.xml", bytes);
-    EXPECT_FALSE(imp.LoadPackageXml(path));
+    EXPECT_FALSE(imp.LoadPackageXml(ReadingOf(path)));
     EXPECT_EQ(Errors(), errors);
-    EXPECT_TRUE(imp.packageXmlEntries.empty());
+    EXPECT_TRUE(imp.repository.packageXmlEntries().empty());
   }
 };
 
 TEST_F(PackageLoadingTest, PathsThatNameNoDescriptorFailWithoutALine) {
-  EXPECT_FALSE(imp.LoadPackageXml(""));
-  EXPECT_FALSE(imp.LoadPackageXml(folder.Write("a.XML", Descriptor("a").Individual())));
+  EXPECT_FALSE(imp.LoadPackageXml(ReadingOf("")));
+  EXPECT_FALSE(imp.LoadPackageXml(ReadingOf(folder.Write("a.XML", Descriptor("a").Individual()))));
   EXPECT_EQ(Log(), Lines{});
 }
 
 TEST_F(PackageLoadingTest, PropertiesAreKeptInDocumentOrder) {
   const std::string path = folder.Write(
       "a.xml", Descriptor("a").Set("preReq", {"x", "y"}).Set("PREREQ", "z").Individual());
-  EXPECT_TRUE(imp.LoadPackageXml(path));
+  EXPECT_TRUE(imp.LoadPackageXml(ReadingOf(path)));
   EXPECT_EQ(Log(), (Lines{"3 Load Package XML file: " + path, "3 Load Package XML's root node",
                           "3 Get Package XML's property value"}));
-  ASSERT_EQ(imp.packageXmlEntries.size(), 1U);
-  EXPECT_EQ(imp.packageXmlEntries[0].xmlFile, path);
-  const SupXmlProperties& properties = imp.packageXmlEntries[0].properties;
+  ASSERT_EQ(imp.repository.packageXmlEntries().size(), 1U);
+  EXPECT_EQ(imp.repository.packageXmlEntries()[0].xmlFile, path);
+  const SupXmlProperties& properties = imp.repository.packageXmlEntries()[0].properties;
   ASSERT_EQ(properties.size(), 3U);
   EXPECT_EQ(properties[1].name, "preReq");
   EXPECT_EQ(properties[1].type, "string");
@@ -38,7 +39,7 @@ TEST_F(PackageLoadingTest, PropertiesAreKeptInDocumentOrder) {
 
 TEST_F(PackageLoadingTest, MissingFile) {
   const std::string path = PathOf("missing.xml");
-  EXPECT_FALSE(imp.LoadPackageXml(path));
+  EXPECT_FALSE(imp.LoadPackageXml(ReadingOf(path)));
   EXPECT_EQ(Log(),
             (Lines{"3 Load Package XML file: " + path, "1 Faile to load Package XML: " + path}));
 }
@@ -68,31 +69,32 @@ TEST_F(PackageLoadingTest, NoProperties) {
 }
 
 TEST_F(PackageLoadingTest, PropertyWithoutAValueIsEnough) {
-  EXPECT_TRUE(imp.LoadPackageXml(folder.Write("a.xml", "<CIM><PROPERTY NAME='x'/></CIM>")));
-  ASSERT_EQ(imp.packageXmlEntries.size(), 1U);
-  ASSERT_EQ(imp.packageXmlEntries[0].properties.size(), 1U);
-  EXPECT_EQ(imp.packageXmlEntries[0].properties[0].name, "x");
-  EXPECT_TRUE(imp.packageXmlEntries[0].properties[0].values.empty());
+  EXPECT_TRUE(
+      imp.LoadPackageXml(ReadingOf(folder.Write("a.xml", "<CIM><PROPERTY NAME='x'/></CIM>"))));
+  ASSERT_EQ(imp.repository.packageXmlEntries().size(), 1U);
+  ASSERT_EQ(imp.repository.packageXmlEntries()[0].properties.size(), 1U);
+  EXPECT_EQ(imp.repository.packageXmlEntries()[0].properties[0].name, "x");
+  EXPECT_TRUE(imp.repository.packageXmlEntries()[0].properties[0].values.empty());
 }
 
 TEST_F(PackageLoadingTest, PropertiesOutsideAnyInstanceAreRead) {
-  EXPECT_TRUE(
-      imp.LoadPackageXml(folder.Write("a.xml", "<PROPERTY NAME='x'><VALUE>1</VALUE></PROPERTY>")));
-  EXPECT_EQ(imp.packageXmlEntries.size(), 1U);
+  EXPECT_TRUE(imp.LoadPackageXml(
+      ReadingOf(folder.Write("a.xml", "<PROPERTY NAME='x'><VALUE>1</VALUE></PROPERTY>"))));
+  EXPECT_EQ(imp.repository.packageXmlEntries().size(), 1U);
 }
 
 TEST_F(PackageLoadingTest, InstanceWithAnotherFirstAttributeDoesNotMatterHere) {
-  EXPECT_TRUE(imp.LoadPackageXml(
-      folder.Write("a.xml", "<INSTANCE ID='1' CLASSNAME='c'><PROPERTY NAME='x'/></INSTANCE>")));
-  EXPECT_EQ(imp.packageXmlEntries.size(), 1U);
+  EXPECT_TRUE(imp.LoadPackageXml(ReadingOf(
+      folder.Write("a.xml", "<INSTANCE ID='1' CLASSNAME='c'><PROPERTY NAME='x'/></INSTANCE>"))));
+  EXPECT_EQ(imp.repository.packageXmlEntries().size(), 1U);
 }
 
 TEST_F(PackageLoadingTest, SameFileTwiceGivesTwoEqualEntries) {
   const std::string path = folder.Write("a.xml", Descriptor("a").Individual());
-  EXPECT_TRUE(imp.LoadPackageXml(path));
-  EXPECT_TRUE(imp.LoadPackageXml(path));
-  ASSERT_EQ(imp.packageXmlEntries.size(), 2U);
-  for (const auto& entry : imp.packageXmlEntries) {
+  EXPECT_TRUE(imp.LoadPackageXml(ReadingOf(path)));
+  EXPECT_TRUE(imp.LoadPackageXml(ReadingOf(path)));
+  ASSERT_EQ(imp.repository.packageXmlEntries().size(), 2U);
+  for (const auto& entry : imp.repository.packageXmlEntries()) {
     EXPECT_EQ(entry.xmlFile, path);
     EXPECT_EQ(GetPropertyValue("identificationCode", entry.properties), "a");
   }

@@ -20,7 +20,7 @@ class PayloadExistFilterTest : public QueryTest {
 
   // Judges one package of those properties; its verdict is the slot's value.
   std::uint32_t Judge(const Descriptor& descriptor) {
-    imp.packageXmlEntries = {{"a.xml", descriptor.Properties()}};
+    Load({{"a.xml", descriptor.Properties()}});
     results = {RecordOf("a")};
     RecordingLog::Reset();
     imp.FilterPayloadExist(results);
@@ -51,7 +51,7 @@ TEST_F(PayloadExistFilterTest, RecordWithoutPropertiesIsNotMatched) {
 }
 
 TEST_F(PayloadExistFilterTest, RecordWithoutACodeWarnsAndIsNotMatched) {
-  imp.packageXmlEntries = {{"a.xml", Descriptor("").Properties()}};
+  Load({{"a.xml", Descriptor("").Properties()}});
   results = {RecordOf("")};
   imp.FilterPayloadExist(results);
   EXPECT_EQ(results[0].payloadExistFilterStatus, FilterStatus::NotMatched);
@@ -143,8 +143,8 @@ TEST_F(PayloadExistFilterTest, PayloadIsLookedForInThePackageFolderOfTheQuery) {
 
 TEST_F(PayloadExistFilterTest, RecordsOfOneCodeShareTheFirstPropertySet) {
   WriteBoth();
-  imp.packageXmlEntries = {{"1.xml", With("a.xml", "a.exe").Properties()},
-                           {"2.xml", With("none.xml", "none.exe").Properties()}};
+  Load({{"1.xml", With("a.xml", "a.exe").Properties()},
+        {"2.xml", With("none.xml", "none.exe").Properties()}});
   results = {RecordOf("a"), RecordOf("a")};
   imp.FilterPayloadExist(results);
   EXPECT_EQ(results[0].payloadExistFilterStatus, FilterStatus::Matched);
@@ -154,8 +154,8 @@ TEST_F(PayloadExistFilterTest, RecordsOfOneCodeShareTheFirstPropertySet) {
 
 TEST_F(PayloadExistFilterTest, PropertiesOfAPackMemberCountBeforeTheIndividualOnes) {
   WriteBoth();
-  imp.packageXmlEntries = {{"1.xml", With("a.xml", "a.exe").Properties()}};
-  imp.kovuPackEntries = {{"p.xml", {{"m.xml", With("a.xml", "none.exe").Properties()}}}};
+  Load({{"1.xml", With("a.xml", "a.exe").Properties()}});
+  LoadPacks({{"p.xml", {{"m.xml", With("a.xml", "none.exe").Properties()}}}});
   results = {RecordOf("a")};
   imp.FilterPayloadExist(results);
   EXPECT_EQ(results[0].payloadExistFilterStatus, FilterStatus::NotMatched);
@@ -163,7 +163,7 @@ TEST_F(PayloadExistFilterTest, PropertiesOfAPackMemberCountBeforeTheIndividualOn
 
 TEST_F(PayloadExistFilterTest, RecordsOwnPayloadIsNotLookedAt) {
   WriteBoth();
-  imp.packageXmlEntries = {{"a.xml", With("a.xml", "a.exe").Properties()}};
+  Load({{"a.xml", With("a.xml", "a.exe").Properties()}});
   results = {RecordOf("a")};
   results[0].payload = "none.exe";
   results[0].packageXmlFile = "none.xml";
@@ -173,7 +173,7 @@ TEST_F(PayloadExistFilterTest, RecordsOwnPayloadIsNotLookedAt) {
 
 TEST_F(PayloadExistFilterTest, RecordsAreJudgedInOrderAndLoseTheirEarlierVerdict) {
   WriteBoth();
-  imp.packageXmlEntries = {{"a.xml", With("a.xml", "a.exe").Properties()}};
+  Load({{"a.xml", With("a.xml", "a.exe").Properties()}});
   results = {RecordOf("unknown"), RecordOf("a")};
   results[0].payloadExistFilterStatus = FilterStatus::Matched;
   results[1].payloadExistFilterStatus = FilterStatus::NotMatched;
@@ -186,9 +186,9 @@ TEST_F(PayloadExistFilterTest, RecordsAreJudgedInOrderAndLoseTheirEarlierVerdict
 
 TEST_F(PayloadExistFilterTest, CheckOfOneCodeLogsItsOwnErrorsAlone) {
   WriteBoth();
-  imp.packageXmlEntries = {{"1.xml", With("a.xml", "a.exe").Properties()},
-                           {"2.xml", Descriptor("b").Properties()},
-                           {"3.xml", Descriptor("c").Set("xmlFilename", "a.xml").Properties()}};
+  Load({{"1.xml", With("a.xml", "a.exe").Properties()},
+        {"2.xml", Descriptor("b").Properties()},
+        {"3.xml", Descriptor("c").Set("xmlFilename", "a.xml").Properties()}});
   EXPECT_TRUE(imp.PayloadExists("a"));
   EXPECT_EQ(Log(), Lines{});
   EXPECT_FALSE(imp.PayloadExists("A"));
@@ -202,7 +202,7 @@ TEST_F(PayloadExistFilterTest, CheckOfOneCodeLogsItsOwnErrorsAlone) {
 
 TEST_F(PayloadExistFilterTest, StatusIsSetAlsoWhenNothingIsLogged) {
   WriteBoth();
-  imp.packageXmlEntries = {{"a.xml", With("a.xml", "a.exe").Properties()}};
+  Load({{"a.xml", With("a.xml", "a.exe").Properties()}});
   results = {RecordOf("unknown"), RecordOf("a")};
   RecordingLog::SetThreshold(0);
   imp.FilterPayloadExist(results);

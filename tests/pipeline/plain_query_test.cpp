@@ -11,6 +11,7 @@
 #include "query_fixture.h"
 #include "random_repository.h"
 #include "record_members.h"
+#include "test_random.h"
 
 namespace Vornik::Testing {
 namespace {
@@ -66,8 +67,10 @@ class PlainQueryTest : public QueryTest {
     ASSERT_EQ(FirstDifference(results, plain.records), "");
     ASSERT_EQ(Log(), plain.log.Lines(threshold));
     ASSERT_EQ(out.Text(), plain.standardOutput);
-    ASSERT_EQ(imp.packageXmlEntries.size(), plainQuery.packageXmlEntries.size());
-    ASSERT_EQ(imp.kovuPackEntries.size(), plainQuery.kovuPackEntries.size());
+    ASSERT_EQ(imp.repository.packageXmlEntries().size(),
+              plainQuery.repository.packageXmlEntries().size());
+    ASSERT_EQ(imp.repository.kovuPackEntries().size(),
+              plainQuery.repository.kovuPackEntries().size());
     const bool called = imp.queryCallback != nullptr && code == QueryCode::Completed;
     ASSERT_EQ(callback.pre, called ? 1 : 0);
     ASSERT_EQ(callback.post, called ? 1 : 0);
@@ -88,25 +91,27 @@ class PlainQueryInMemory : public PlainQueryTest {
     };
   }
 
-  void RunMany(unsigned int seed, int rounds) {
-    RandomRepository random(seed, Values::InMemory);
+  void RunMany(std::size_t usualRounds) {
+    const TestRandom test;
+    const std::size_t rounds = test.Rounds(usualRounds);
+    RandomRepository random(test.Seed(), Values::InMemory);
     random.SetFileNames({"d.desc", "e.desc", "none.desc", "sub", ""},
                         {"p.exe", "sub/r.exe", "none.exe", "sub", ""});
     Tally tally;
-    for (int round = 0; round < rounds; ++round) {
+    for (std::size_t round = 0; round < rounds; ++round) {
       SCOPED_TRACE(round);
       Prepare(random);
       const unsigned int threshold = random.Pick().Of<unsigned int>({3, 3, 3, 3, 2, 1, 0});
       ASSERT_NO_FATAL_FAILURE(RunBoth(plainFolder, threshold, tally));
     }
-    const auto all = static_cast<std::size_t>(rounds);
-    EXPECT_GT(tally.completed, all / 2);
-    EXPECT_GT(tally.refused, all / 50);
-    EXPECT_GT(tally.withoutResults, all / 100);
-    EXPECT_GT(tally.records, all);
-    EXPECT_GT(tally.ofPacks, all / 5);
-    EXPECT_GT(tally.superseded, all / 5);
-    EXPECT_GT(tally.withPayload, all / 10);
+    if (!test.RunsAllRounds()) return;
+    EXPECT_GT(tally.completed, rounds / 2);
+    EXPECT_GT(tally.refused, rounds / 50);
+    EXPECT_GT(tally.withoutResults, rounds / 100);
+    EXPECT_GT(tally.records, rounds);
+    EXPECT_GT(tally.ofPacks, rounds / 5);
+    EXPECT_GT(tally.superseded, rounds / 5);
+    EXPECT_GT(tally.withPayload, rounds / 10);
   }
 
   const std::vector<std::string> files = {"d.desc", "e.desc", "p.exe", "sub/r.exe"};
@@ -120,7 +125,7 @@ class PlainQueryInMemory : public PlainQueryTest {
     random.Configure(imp);
     if (pick.OneIn(2)) imp.queryCallback = &placeholder;
     for (std::size_t left = pick.Below(6); left != 0; --left) {
-      imp.packageXmlEntries.push_back({"i" + std::to_string(left) + ".xml", random.Package()});
+      imp.repository.Add(PackageXmlEntry{"i" + std::to_string(left) + ".xml", random.Package()});
     }
     for (std::size_t left = pick.Below(4); left != 0; --left) AddPack(random);
     results.clear();
@@ -141,43 +146,44 @@ class PlainQueryInMemory : public PlainQueryTest {
     for (std::size_t left = random.Pick().Below(5); left != 0 && !pack.members.empty(); --left) {
       pack.members.push_back({"m" + std::to_string(left) + ".xml", random.Package()});
     }
-    imp.kovuPackEntries.push_back(pack);
+    imp.repository.Add(pack);
   }
 };
 
-TEST_F(PlainQueryInMemory, FirstQuarter) { RunMany(1, 5'000); }
+// In four parts, so that they can run at the same time.
+class PlainQueryParts : public PlainQueryInMemory, public testing::WithParamInterface<int> {};
 
-TEST_F(PlainQueryInMemory, SecondQuarter) { RunMany(2, 5'000); }
+TEST_P(PlainQueryParts, YieldsWhatThePlainQueryYields) { RunMany(5'000); }
 
-TEST_F(PlainQueryInMemory, ThirdQuarter) { RunMany(3, 5'000); }
-
-TEST_F(PlainQueryInMemory, FourthQuarter) { RunMany(4, 5'000); }
+INSTANTIATE_TEST_SUITE_P(Part, PlainQueryParts, testing::Range(0, 4));
 
 TEST_F(PlainQueryInMemory, UnderALocaleOfTheHosts) {
   const GlobalLocaleGuard guard(std::locale(std::locale::classic(), new FoldsOnlyXToY));
-  RunMany(5, 2'000);
+  RunMany(2'000);
 }
 
 // Queries on descriptors that are written to the folder and read from it.
-class PlainQueryOnDisk : public PlainQueryTest {
+class PlainQueryOnDisk : public PlainQueryTest, public testing::WithParamInterface<int> {
  protected:
   using Kind = PlainFile::Kind;
 
-  void RunMany(unsigned int seed, int rounds) {
-    RandomRepository random(seed, Values::OnDisk);
+  void RunMany(std::size_t usualRounds) {
+    const TestRandom test;
+    const std::size_t rounds = test.Rounds(usualRounds);
+    RandomRepository random(test.Seed(), Values::OnDisk);
     random.SetFileNames({"a.xml", "b.xml", "c.d.xml", "none.xml", "sub/s.xml", ""},
                         {"p.exe", "sub/r.exe", "none.exe", "sub", "a.xml", ""});
     Tally tally;
-    for (int round = 0; round < rounds; ++round) {
+    for (std::size_t round = 0; round < rounds; ++round) {
       SCOPED_TRACE(round);
       ASSERT_NO_FATAL_FAILURE(RunOne(random, tally));
     }
-    const auto all = static_cast<std::size_t>(rounds);
-    EXPECT_GT(tally.completed, all);
-    EXPECT_GT(tally.records, all * 2);
-    EXPECT_GT(tally.ofPacks, all / 2);
-    EXPECT_GT(tally.superseded, all / 4);
-    EXPECT_GT(tally.withPayload, all / 4);
+    if (!test.RunsAllRounds()) return;
+    EXPECT_GT(tally.completed, rounds);
+    EXPECT_GT(tally.records, rounds * 2);
+    EXPECT_GT(tally.ofPacks, rounds / 2);
+    EXPECT_GT(tally.superseded, rounds / 4);
+    EXPECT_GT(tally.withPayload, rounds / 4);
   }
 
  private:
@@ -290,9 +296,9 @@ class PlainQueryOnDisk : public PlainQueryTest {
   }
 };
 
-TEST_F(PlainQueryOnDisk, FirstHalf) { RunMany(11, 250); }
+TEST_P(PlainQueryOnDisk, YieldsWhatThePlainQueryYields) { RunMany(250); }
 
-TEST_F(PlainQueryOnDisk, SecondHalf) { RunMany(12, 250); }
+INSTANTIATE_TEST_SUITE_P(Part, PlainQueryOnDisk, testing::Range(0, 2));
 
 }  // namespace
 }  // namespace Vornik::Testing

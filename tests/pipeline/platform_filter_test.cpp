@@ -8,7 +8,7 @@ class PlatformFilterTest : public QueryTest {
  protected:
   // Judges one package of those properties; its verdict is the slot's value.
   std::uint32_t Judge(const Descriptor& descriptor) {
-    imp.packageXmlEntries = {{"a.xml", descriptor.Properties()}};
+    Load({{"a.xml", descriptor.Properties()}});
     results = {RecordOf("a")};
     RecordingLog::Reset();
     imp.FilterPlatform(results);
@@ -105,8 +105,8 @@ TEST_F(PlatformFilterTest, SystemZeroInTheDescriptorIsAny) {
 }
 
 TEST_F(PlatformFilterTest, RecordsOfOneCodeShareTheFirstPropertySet) {
-  imp.packageXmlEntries = {{"a.xml", With({"1234"}, {"10"}, {"9"}).Properties()},
-                           {"b.xml", With({"5678"}, {"10"}, {"9"}).Properties()}};
+  Load({{"a.xml", With({"1234"}, {"10"}, {"9"}).Properties()},
+        {"b.xml", With({"5678"}, {"10"}, {"9"}).Properties()}});
   results = {RecordOf("a"), RecordOf("a")};
   imp.FilterPlatform(results);
   EXPECT_EQ(results[0].platformFilterStatus, FilterStatus::Matched);
@@ -114,7 +114,7 @@ TEST_F(PlatformFilterTest, RecordsOfOneCodeShareTheFirstPropertySet) {
 }
 
 TEST_F(PlatformFilterTest, RecordsAreJudgedInOrderAndKeepTheirPlaces) {
-  imp.packageXmlEntries = {{"a.xml", With({"1234"}, {"10"}, {"9"}).Properties()}};
+  Load({{"a.xml", With({"1234"}, {"10"}, {"9"}).Properties()}});
   results = {RecordOf("unknown"), RecordOf("a")};
   imp.FilterPlatform(results);
   EXPECT_EQ(Codes(), (Lines{"unknown", "a"}));

@@ -24,12 +24,16 @@ Descriptor PackLevel(const std::string& machineType = "1234", const std::string&
 class ResultBuildingTest : public QueryTest {
  protected:
   void AddIndividual(const std::string& path, const Descriptor& descriptor) {
-    imp.packageXmlEntries.push_back({path, descriptor.Properties()});
+    imp.repository.Add(PackageXmlEntry{path, descriptor.Properties()});
   }
 
   bool Build() { return imp.CreateQueryPackageResults(results); }
 
-  bool Find(const std::string& code) { return imp.FindPackageProperties(code, found); }
+  bool Find(const std::string& code) {
+    const SupXmlProperties* properties = imp.FindPackageProperties(code);
+    found = properties == nullptr ? SupXmlProperties() : *properties;
+    return properties != nullptr;
+  }
 
   SupXmlProperties found;
 };
@@ -43,7 +47,7 @@ TEST_F(ResultBuildingTest, NothingLoadedLeavesTheVectorUntouched) {
 
 TEST_F(ResultBuildingTest, NothingBuiltEmptiesTheVector) {
   results = {RecordOf("dropped")};
-  imp.kovuPackEntries = {PackOf("p.xml", {PackLevel("9999"), Descriptor("m")})};
+  LoadPacks({PackOf("p.xml", {PackLevel("9999"), Descriptor("m")})});
   EXPECT_FALSE(Build());
   EXPECT_TRUE(results.empty());
   EXPECT_EQ(Log(), Lines{});
@@ -156,8 +160,8 @@ TEST_F(ResultBuildingTest, PropertyNameInCapitalsFillsTheMember) {
 
 TEST_F(ResultBuildingTest, MembersOfTheChosenPackComeFirst) {
   AddIndividual("a.xml", Descriptor("a"));
-  imp.kovuPackEntries = {PackOf("dir/pack_a.xml", {PackLevel().Set("identificationCode", "own"),
-                                                   Descriptor("m1"), Descriptor("m2")})};
+  LoadPacks({PackOf("dir/pack_a.xml", {PackLevel().Set("identificationCode", "own"),
+                                       Descriptor("m1"), Descriptor("m2")})});
   EXPECT_TRUE(Build());
   EXPECT_EQ(Codes(), (Lines{"m1", "m2", "a"}));
   EXPECT_EQ(results[0].kovuName, "pack_a");
@@ -167,27 +171,26 @@ TEST_F(ResultBuildingTest, MembersOfTheChosenPackComeFirst) {
 }
 
 TEST_F(ResultBuildingTest, PackWithOnlyItsOwnInstanceGivesNoRecord) {
-  imp.kovuPackEntries = {PackOf("p.xml", {PackLevel()})};
+  LoadPacks({PackOf("p.xml", {PackLevel()})});
   EXPECT_FALSE(Build());
   EXPECT_TRUE(results.empty());
 }
 
 TEST_F(ResultBuildingTest, PackWithoutAnOwnInstanceLosesItsFirstMember) {
-  imp.kovuPackEntries = {
-      PackOf("p.xml", {PackLevel().Set("identificationCode", "lost"), Descriptor("kept")})};
+  LoadPacks({PackOf("p.xml", {PackLevel().Set("identificationCode", "lost"), Descriptor("kept")})});
   EXPECT_TRUE(Build());
   EXPECT_EQ(Codes(), Lines{"kept"});
 }
 
 TEST_F(ResultBuildingTest, PackCalledJustXmlHasAnEmptyName) {
-  imp.kovuPackEntries = {PackOf("dir/.xml", {PackLevel(), Descriptor("m")})};
+  LoadPacks({PackOf("dir/.xml", {PackLevel(), Descriptor("m")})});
   EXPECT_TRUE(Build());
   EXPECT_EQ(results.at(0).kovuXmlFile, "dir/.xml");
   EXPECT_EQ(results.at(0).kovuName, "");
 }
 
 TEST_F(ResultBuildingTest, PackNameLosesItsLastExtensionOnly) {
-  imp.kovuPackEntries = {PackOf("dir/p.1.xml", {PackLevel(), Descriptor("m")})};
+  LoadPacks({PackOf("dir/p.1.xml", {PackLevel(), Descriptor("m")})});
   EXPECT_TRUE(Build());
   EXPECT_EQ(results.at(0).kovuName, "p.1");
 }
@@ -208,21 +211,17 @@ TEST_F(ResultBuildingTest, DriverFileThatDoesNotParseCostsOneWarning) {
   EXPECT_EQ(results[0].driverFiles[0].name, "a.sys");
 }
 
-TEST_F(ResultBuildingTest, LookUpOfAnEmptyCodeLeavesTheAnswerUntouched) {
+TEST_F(ResultBuildingTest, LookUpOfAnEmptyCodeFindsNothing) {
   AddIndividual("a.xml", Descriptor().Set("x", "1"));
-  found = {{"old", "", {}}};
   EXPECT_FALSE(Find(""));
   EXPECT_FALSE(Find(""));
-  EXPECT_EQ(found.size(), 1U);
   EXPECT_EQ(Log(), (Lines{"2 Package IdentificationCode is empty",
                           "2 Package IdentificationCode is empty"}));
 }
 
-TEST_F(ResultBuildingTest, LookUpThatFindsNothingClearsTheAnswer) {
+TEST_F(ResultBuildingTest, LookUpThatFindsNothingLogsNothing) {
   AddIndividual("a.xml", Descriptor("a"));
-  found = {{"old", "", {}}};
   EXPECT_FALSE(Find("b"));
-  EXPECT_TRUE(found.empty());
   EXPECT_EQ(Log(), Lines{});
 }
 
@@ -230,10 +229,10 @@ TEST_F(ResultBuildingTest, LookUpSearchesThePacksBeforeTheIndividuals) {
   AddIndividual("a.xml", Descriptor("m").Set("from", "individual"));
   AddIndividual("b.xml", Descriptor("i").Set("from", "first"));
   AddIndividual("c.xml", Descriptor("i").Set("from", "second"));
-  imp.kovuPackEntries = {
+  LoadPacks({
       PackOf("p.xml", {Descriptor("own").Set("from", "own"), Descriptor("x")}),
       PackOf("q.xml", {Descriptor("y"), Descriptor("m").Set("from", "pack")}),
-  };
+  });
   EXPECT_TRUE(Find("m"));
   EXPECT_EQ(GetPropertyValue("from", found), "pack") << "no pack was chosen";
   EXPECT_TRUE(Find("own"));
@@ -252,8 +251,8 @@ TEST_F(ResultBuildingTest, LookUpComparesExactly) {
 class PackSelectionTest : public ResultBuildingTest {
  protected:
   std::int32_t Select(const std::vector<Descriptor>& packs) {
-    imp.kovuPackEntries.clear();
-    for (const Descriptor& pack : packs) imp.kovuPackEntries.push_back(PackOf("p.xml", {pack}));
+    imp.repository = {};
+    for (const Descriptor& pack : packs) imp.repository.Add(PackOf("p.xml", {pack}));
     return imp.SelectKovuPack();
   }
 
@@ -280,7 +279,7 @@ TEST_F(PackSelectionTest, OtherMachineIsSkippedBeforeItsSystemsAreLookedAt) {
 }
 
 TEST_F(PackSelectionTest, PackWithoutMembersHasNoProperties) {
-  imp.kovuPackEntries = {PackOf("p.xml", {})};
+  LoadPacks({PackOf("p.xml", {})});
   EXPECT_EQ(imp.SelectKovuPack(), -1);
   EXPECT_EQ(Log(), Lines{"1 ERROR: Couldn't find applicableMachineTypeList!"});
 }
@@ -288,7 +287,7 @@ TEST_F(PackSelectionTest, PackWithoutMembersHasNoProperties) {
 TEST_F(PackSelectionTest, PackWithoutMembersAppliesWhenNothingIsAsked) {
   imp.machineType = "";
   imp.osValue = OsValue::NotSet;
-  imp.kovuPackEntries = {PackOf("p.xml", {})};
+  LoadPacks({PackOf("p.xml", {})});
   EXPECT_EQ(imp.SelectKovuPack(), 0);
   EXPECT_FALSE(Build());
 }

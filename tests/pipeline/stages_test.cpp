@@ -2,6 +2,14 @@
 #include <algorithm>
 #include <functional>
 
+#ifndef _WIN32
+#include <sys/resource.h>
+
+#include <cerrno>
+
+#include "folder_listing.h"
+#endif
+
 #include "captured_stdout.h"
 #include "query_fixture.h"
 
@@ -239,7 +247,7 @@ TEST_F(StagesTest, QueryRunFromTheCallbackLoadsTheFolderAgain) {
   EXPECT_EQ(callback.calls, (Lines{"pre", "post"}));
   EXPECT_EQ(inner.size(), 1U);
   EXPECT_EQ(Codes(), Lines{"a"});
-  EXPECT_EQ(imp.packageXmlEntries.size(), 2U);
+  EXPECT_EQ(imp.repository.packageXmlEntries().size(), 2U);
   EXPECT_EQ(results[0].platformFilterStatus, FilterStatus::Matched);
 }
 
@@ -261,10 +269,10 @@ TEST_F(StagesTest, SecondQueryLoadsTheFolderOnTopOfTheFirst) {
   WriteIndividual("a.xml");
   WriteIndividual("b.xml");
   EXPECT_EQ(Run(), QueryCode::Completed);
-  EXPECT_EQ(imp.packageXmlEntries.size(), 2U);
+  EXPECT_EQ(imp.repository.packageXmlEntries().size(), 2U);
   RecordingLog::Reset();
   EXPECT_EQ(Run(), QueryCode::Completed);
-  EXPECT_EQ(imp.packageXmlEntries.size(), 4U);
+  EXPECT_EQ(imp.repository.packageXmlEntries().size(), 4U);
   EXPECT_EQ(Codes(), (Lines{"a", "b"}));
   const Lines log = Log();
   EXPECT_EQ(std::count(log.begin(), log.end(), "3 a is filtered in FilterDuplicate"), 1);
@@ -280,6 +288,60 @@ TEST_F(StagesTest, DescriptorsOfAnEarlierFolderStay) {
   EXPECT_EQ(Codes(), Lines{"a"});
 }
 
+TEST_F(StagesTest, BrokenDescriptorsAloneKeepTheVectorAndCallNoCallback) {
+  folder.Write("broken.xml", "<a><!-- SystemUpdateElement");
+  folder.Write("broken_pack.xml", "<a><!-- ORXQDL_SystemUpdateProduct");
+  results = {RecordOf("of the host")};
+  imp.queryCallback = &callback;
+  EXPECT_EQ(Run(), QueryCode::NoResults);
+  EXPECT_EQ(Codes(), Lines{"of the host"});
+  EXPECT_EQ(callback.calls, Lines{});
+}
+
+#ifndef _WIN32
+
+TEST_F(StagesTest, WalkThatFailsKeepsTheVectorAndCallsNoCallback) {
+  WriteIndividual("a.xml");
+  WriteIndividual("b.xml");
+  results = {RecordOf("of the host")};
+  imp.queryCallback = &callback;
+  const FolderListing fault(3, EIO);  // ".", ".." and one file
+  EXPECT_EQ(Run(), QueryCode::FolderFailed);
+  EXPECT_EQ(Codes(), Lines{"of the host"});
+  EXPECT_EQ(callback.calls, Lines{});
+}
+
+// While it lives, the process can open nothing more.
+class NoMoreFiles {
+ public:
+  NoMoreFiles() {
+    EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &before_), 0);
+    rlimit none = before_;
+    none.rlim_cur = 0;
+    EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+  }
+  ~NoMoreFiles() { EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &before_), 0); }
+  NoMoreFiles(const NoMoreFiles&) = delete;
+  NoMoreFiles& operator=(const NoMoreFiles&) = delete;
+
+ private:
+  rlimit before_{};
+};
+
+TEST_F(StagesTest, ListingThatCannotBeOpenedFailsTheQuery) {
+  WriteIndividual("a.xml");
+  results = {RecordOf("of the host")};
+  {
+    const NoMoreFiles none;
+    EXPECT_EQ(Run(), QueryCode::FolderFailed);
+  }
+  EXPECT_EQ(Codes(), Lines{"of the host"});
+  ASSERT_EQ(Errors().size(), 1U);
+  EXPECT_NE(Errors()[0].find("directory_iterator"), std::string::npos) << Errors()[0];
+}
+
+#endif
+
 TEST_F(StagesTest, ObjectsAreIndependent) {
   WriteIndividual("a.xml");
   QueryPackageImp other = imp;
@@ -292,7 +354,7 @@ TEST_F(StagesTest, ObjectsAreIndependent) {
   ASSERT_EQ(otherResults.size(), 1U);
   EXPECT_EQ(otherResults[0].identificationCode, "b");
   EXPECT_EQ(Codes(), Lines{"a"});
-  EXPECT_EQ(other.packageXmlEntries.size(), 1U);
+  EXPECT_EQ(other.repository.packageXmlEntries().size(), 1U);
 }
 
 }  // namespace

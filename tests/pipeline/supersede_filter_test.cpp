@@ -11,7 +11,7 @@ class SupersedeFilterTest : public QueryTest {
  protected:
   // A record and the descriptor behind it.
   void Add(const Descriptor& descriptor) {
-    imp.packageXmlEntries.push_back({"x.xml", descriptor.Properties()});
+    imp.repository.Add(PackageXmlEntry{"x.xml", descriptor.Properties()});
     results.push_back(RecordOf(GetPropertyValue("identificationCode", descriptor.Properties())));
     results.back().Version = GetPropertyValue("Version", descriptor.Properties());
   }
@@ -158,7 +158,7 @@ TEST_F(SupersedeFilterTest, RecordWithoutPropertiesCanBeSuperseded) {
 }
 
 TEST_F(SupersedeFilterTest, RecordWithoutACodeWarns) {
-  imp.packageXmlEntries = {{"x.xml", Descriptor("").Set("supersede", {"a"}).Properties()}};
+  Load({{"x.xml", Descriptor("").Set("supersede", {"a"}).Properties()}});
   Add(Descriptor("a").Set("supersede", {"a"}));
   results.push_back(RecordOf(""));
   Filter();
@@ -184,8 +184,7 @@ TEST_F(SupersedeFilterTest, LastSupersedePropertyCountsAlsoWhenItIsEmpty) {
 }
 
 TEST_F(SupersedeFilterTest, RecordsOfOneCodeShareTheFirstPropertySet) {
-  imp.kovuPackEntries = {
-      {"p.xml", {{"m.xml", Descriptor("a").Set("supersede", {"c"}).Properties()}}}};
+  LoadPacks({{"p.xml", {{"m.xml", Descriptor("a").Set("supersede", {"c"}).Properties()}}}});
   Add(Descriptor("a").Set("supersede", {"b"}));
   Add(Descriptor("b"));
   Add(Descriptor("c"));
@@ -194,7 +193,7 @@ TEST_F(SupersedeFilterTest, RecordsOfOneCodeShareTheFirstPropertySet) {
 }
 
 TEST_F(SupersedeFilterTest, DescriptorsCodeIsLookedUpExactly) {
-  imp.packageXmlEntries = {{"x.xml", Descriptor("A").Set("supersede", {"b"}).Properties()}};
+  Load({{"x.xml", Descriptor("A").Set("supersede", {"b"}).Properties()}});
   results = {RecordOf("a"), RecordOf("b")};
   Filter();
   EXPECT_EQ(Superseded(), Lines{});

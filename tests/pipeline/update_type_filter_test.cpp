@@ -15,7 +15,7 @@ class UpdateTypeFilterTest : public QueryTest {
 
   // Judges one package of those properties; its verdict is the slot's value.
   std::uint32_t Judge(const Descriptor& descriptor) {
-    imp.packageXmlEntries = {{"a.xml", descriptor.Properties()}};
+    Load({{"a.xml", descriptor.Properties()}});
     results = {RecordOf("a")};
     RecordingLog::Reset();
     imp.FilterUpdateType(results);
@@ -39,9 +39,9 @@ TEST_F(UpdateTypeFilterTest, EmptyRequestIsReportedForAnEmptyVectorToo) {
 }
 
 TEST_F(UpdateTypeFilterTest, EmptyRequestIsReportedOnceAndMatchesNothing) {
-  imp.packageXmlEntries = {{"1.xml", Descriptor("a").Set("type", "1").Properties()},
-                           {"2.xml", Descriptor("b").Set("type", "99").Properties()},
-                           {"3.xml", Descriptor("c").Properties()}};
+  Load({{"1.xml", Descriptor("a").Set("type", "1").Properties()},
+        {"2.xml", Descriptor("b").Set("type", "99").Properties()},
+        {"3.xml", Descriptor("c").Properties()}});
   results = {RecordOf("a"), RecordOf("b"), RecordOf("c"), RecordOf("unknown")};
   imp.FilterUpdateType(results);
   EXPECT_EQ(results[0].updateTypeFilterStatus, FilterStatus::NotMatched);
@@ -117,7 +117,7 @@ TEST_F(UpdateTypeFilterTest, RecordWithoutPropertiesIsReportedAndStaysNotEvaluat
 
 TEST_F(UpdateTypeFilterTest, RecordWithoutACodeWarnsAndStaysNotEvaluated) {
   Request({99});
-  imp.packageXmlEntries = {{"x.xml", Descriptor("").Set("type", "1").Properties()}};
+  Load({{"x.xml", Descriptor("").Set("type", "1").Properties()}});
   results = {RecordOf("")};
   imp.FilterUpdateType(results);
   EXPECT_EQ(results[0].updateTypeFilterStatus, FilterStatus::NotEvaluated);
@@ -126,7 +126,7 @@ TEST_F(UpdateTypeFilterTest, RecordWithoutACodeWarnsAndStaysNotEvaluated) {
 
 TEST_F(UpdateTypeFilterTest, ErrorsLeaveAnEarlierVerdictAsItWas) {
   Request({1});
-  imp.packageXmlEntries = {{"x.xml", Descriptor("untyped").Properties()}};
+  Load({{"x.xml", Descriptor("untyped").Properties()}});
   results = {RecordOf("unknown"), RecordOf("untyped")};
   results[0].updateTypeFilterStatus = FilterStatus::Matched;
   results[1].updateTypeFilterStatus = FilterStatus::NotMatched;
@@ -137,7 +137,7 @@ TEST_F(UpdateTypeFilterTest, ErrorsLeaveAnEarlierVerdictAsItWas) {
 
 TEST_F(UpdateTypeFilterTest, RecordsOwnTypeIsNotLookedAt) {
   Request({1});
-  imp.packageXmlEntries = {{"x.xml", Descriptor("a").Set("type", "2").Properties()}};
+  Load({{"x.xml", Descriptor("a").Set("type", "2").Properties()}});
   results = {RecordOf("a")};
   results[0].type = "1";
   imp.FilterUpdateType(results);
@@ -146,8 +146,8 @@ TEST_F(UpdateTypeFilterTest, RecordsOwnTypeIsNotLookedAt) {
 
 TEST_F(UpdateTypeFilterTest, RecordsOfOneCodeShareTheFirstPropertySet) {
   Request({1});
-  imp.packageXmlEntries = {{"1.xml", Descriptor("a").Set("type", "1").Properties()},
-                           {"2.xml", Descriptor("a").Set("type", "2").Properties()}};
+  Load({{"1.xml", Descriptor("a").Set("type", "1").Properties()},
+        {"2.xml", Descriptor("a").Set("type", "2").Properties()}});
   results = {RecordOf("a"), RecordOf("a")};
   imp.FilterUpdateType(results);
   EXPECT_EQ(results[0].updateTypeFilterStatus, FilterStatus::Matched);
@@ -156,8 +156,8 @@ TEST_F(UpdateTypeFilterTest, RecordsOfOneCodeShareTheFirstPropertySet) {
 
 TEST_F(UpdateTypeFilterTest, RecordsAreJudgedInOrder) {
   Request({1});
-  imp.packageXmlEntries = {{"1.xml", Descriptor("a").Set("type", "1").Properties()},
-                           {"2.xml", Descriptor("b").Set("type", "2").Properties()}};
+  Load({{"1.xml", Descriptor("a").Set("type", "1").Properties()},
+        {"2.xml", Descriptor("b").Set("type", "2").Properties()}});
   results = {RecordOf("b"), RecordOf("unknown"), RecordOf("a")};
   imp.FilterUpdateType(results);
   EXPECT_EQ(Codes(), (Lines{"b", "unknown", "a"}));
@@ -167,7 +167,7 @@ TEST_F(UpdateTypeFilterTest, RecordsAreJudgedInOrder) {
 
 TEST_F(UpdateTypeFilterTest, StatusIsSetAlsoWhenNothingIsLogged) {
   Request({1});
-  imp.packageXmlEntries = {{"1.xml", Descriptor("a").Set("type", "1").Properties()}};
+  Load({{"1.xml", Descriptor("a").Set("type", "1").Properties()}});
   results = {RecordOf("a")};
   RecordingLog::SetThreshold(0);
   imp.FilterUpdateType(results);

@@ -1,4 +1,4 @@
-// A program of the tests run as a child: what it printed, how it ended, what it cost.
+// A program of the tests run as a child: what it printed, how it ended.
 #ifndef VORNIK_TESTS_CHILD_PROCESS_H
 #define VORNIK_TESTS_CHILD_PROCESS_H
 
@@ -13,12 +13,22 @@ struct ChildOutcome {
   bool aborted = false;            // ended through abort
   int exitStatus = 0;              // where it ended by itself
   std::vector<std::string> lines;  // of its standard output
-  std::chrono::milliseconds processorTime{0};
 };
 
 // Runs a program for at most that long, then stops it.
 ChildOutcome RunChild(const std::string& program, const std::vector<std::string>& arguments,
                       std::chrono::milliseconds limit);
+
+struct SleepingChild {
+  bool sleeps = false;             // it goes on running and uses no processor time
+  std::vector<std::string> lines;  // of its standard output, up to its end
+};
+
+// Runs a program until it has printed that line and then sleeps, or ends, or for at most that long;
+// then stops it.
+SleepingChild RunChildUntilItSleeps(const std::string& program,
+                                    const std::vector<std::string>& arguments,
+                                    const std::string& lastLine, std::chrono::milliseconds limit);
 
 }  // namespace Vornik::Testing
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "properties.h"
+#include "model/properties.h"
 
 namespace Vornik::Testing {
 

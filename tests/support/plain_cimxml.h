@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "properties.h"
-#include "xml_limits.h"
+#include "model/properties.h"
+#include "reading/xml_limits.h"
 
 class TiXmlDocument;
 

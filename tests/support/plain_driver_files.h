@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "QueryPackage.h"
+#include "model/properties.h"
 #include "plain_log.h"
-#include "properties.h"
 
 namespace Vornik::Testing {
 

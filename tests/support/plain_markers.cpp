@@ -12,7 +12,7 @@ class PieceReader {
  public:
   explicit PieceReader(std::string_view text) : text_(text) {}
 
-  // Null behind the last piece.
+  // Null after the last piece.
   const char* Next() {
     if (at_ == text_.size()) return nullptr;
     std::size_t length = 0;

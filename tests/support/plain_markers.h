@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "descriptor_markers.h"
+#include "reading/descriptor_markers.h"
 
 namespace Vornik::Testing {
 

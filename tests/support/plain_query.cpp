@@ -102,10 +102,10 @@ class Query {
       log_.Warning("Package IdentificationCode is empty");
       return false;
     }
-    for (const KovuPackEntry& pack : query_.kovuPackEntries) {
+    for (const KovuPackEntry& pack : query_.repository.kovuPackEntries()) {
       if (FindAmong(pack.members, code, properties)) return true;
     }
-    return FindAmong(query_.packageXmlEntries, code, properties);
+    return FindAmong(query_.repository.packageXmlEntries(), code, properties);
   }
 
   static bool FindAmong(const std::vector<PackageXmlEntry>& entries, const std::string& code,

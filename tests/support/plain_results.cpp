@@ -72,8 +72,8 @@ QueryPackageResult Record(const PackageXmlEntry& entry, const std::string& pack,
 int PlainPackChoice(const QueryPackageImp& query, PlainLog& log) {
   int chosen = -1;
   std::string chosenVersion;
-  for (std::size_t i = 0; i < query.kovuPackEntries.size(); ++i) {
-    const std::vector<PackageXmlEntry>& members = query.kovuPackEntries[i].members;
+  for (std::size_t i = 0; i < query.repository.kovuPackEntries().size(); ++i) {
+    const std::vector<PackageXmlEntry>& members = query.repository.kovuPackEntries()[i].members;
     const SupXmlProperties pack = members.empty() ? SupXmlProperties() : members[0].properties;
     if (!FitsMachineType(query, pack, log)) continue;
     if (!FitsSystem(query, pack, log)) continue;
@@ -91,19 +91,20 @@ int PlainPackChoice(const QueryPackageImp& query, PlainLog& log) {
 }
 
 bool PlainBuild(const QueryPackageImp& query, PlainRecords& records, PlainLog& log) {
-  if (query.packageXmlEntries.empty() && query.kovuPackEntries.empty()) {
+  if (query.repository.packageXmlEntries().empty() && query.repository.kovuPackEntries().empty()) {
     log.Error("There is not any valid xml package in " + query.xmlPackageFolder);
     return false;
   }
   records.clear();
   const int chosen = PlainPackChoice(query, log);
   if (chosen != -1) {
-    const KovuPackEntry& pack = query.kovuPackEntries[static_cast<std::size_t>(chosen)];
+    const KovuPackEntry& pack =
+        query.repository.kovuPackEntries()[static_cast<std::size_t>(chosen)];
     for (std::size_t i = 1; i < pack.members.size(); ++i) {
       records.push_back(Record(pack.members[i], pack.kovuXmlFile, log));
     }
   }
-  for (const PackageXmlEntry& entry : query.packageXmlEntries) {
+  for (const PackageXmlEntry& entry : query.repository.packageXmlEntries()) {
     records.push_back(Record(entry, "", log));
   }
   return !records.empty();

@@ -49,7 +49,7 @@ void LoadPack(const PlainFile& file, const std::string& path, QueryPackageImp& q
     pack.members.insert(isPackItself ? pack.members.begin() : pack.members.end(),
                         PackageXmlEntry{member, properties});
   }
-  query.kovuPackEntries.push_back(pack);
+  query.repository.Add(pack);
 }
 
 void LoadIndividual(const PlainFile& file, const std::string& path, QueryPackageImp& query,
@@ -69,7 +69,7 @@ void LoadIndividual(const PlainFile& file, const std::string& path, QueryPackage
     log.Error("Faile to load Package XML's property value");
     return;
   }
-  query.packageXmlEntries.push_back({path, file.instances.at(0)});
+  query.repository.Add(PackageXmlEntry{path, file.instances.at(0)});
 }
 
 bool IsPack(const PlainFile& file) {

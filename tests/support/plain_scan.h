@@ -1,4 +1,4 @@
-// What reading a package folder logs and loads, told from what a test wrote into it.
+// What reading a package folder logs and loads, derived from what a test wrote into it.
 #ifndef VORNIK_TESTS_PLAIN_SCAN_H
 #define VORNIK_TESTS_PLAIN_SCAN_H
 

@@ -82,6 +82,74 @@ void ApplyGroup(PlainRecords& records, const PlainCodes& group) {
   }
 }
 
+std::size_t IndexFor(PlainRecords& records, const std::string& code) {
+  const QueryPackageResult* record = PlainFind(records, code);
+  return record == nullptr ? records.size() : static_cast<std::size_t>(record - records.data());
+}
+
+bool IsRefused(const QueryPackageResult& record) {
+  return record.platformFilterStatus == refusedByPlatform;
+}
+
+// Whose list is in the map under a key.
+std::size_t OwnerOf(PlainRecords& records, const std::vector<PlainCodes>& lists,
+                    const std::string& key) {
+  std::size_t owner = records.size();
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    if (IsRefused(records[i]) || records[i].identificationCode != key) continue;
+    for (const std::string& code : lists[i]) {
+      if (PlainFind(records, code) != nullptr) owner = i;
+    }
+  }
+  return owner;
+}
+
+void AddLists(PlainRecords& records, const std::vector<PlainCodes>& lists, std::size_t index,
+              PlainReasonLines& lines) {
+  for (const auto& [key, codes] : PlainMap(records, lists)) {
+    const std::size_t owner = OwnerOf(records, lists, key);
+    for (std::size_t k = 0; k < lists[owner].size(); ++k) {
+      if (IndexFor(records, lists[owner][k]) == index) lines.List(owner, k);
+    }
+    if (IndexFor(records, key) == index) lines.List(owner, std::nullopt);
+  }
+}
+
+bool Delivers(const QueryPackageResult& record, const std::string& folded) {
+  for (const auto& file : record.driverFiles) {
+    if (PlainFold(file.name) == folded) return true;
+  }
+  return false;
+}
+
+PlainCodes SharedNames(const PlainRecords& records, const std::vector<std::size_t>& ranked) {
+  std::set<std::string> shared;
+  for (const std::size_t a : ranked) {
+    for (const std::size_t b : ranked) {
+      for (const auto& file : records[a].driverFiles) {
+        const std::string folded = PlainFold(file.name);
+        if (a != b && Delivers(records[b], folded)) shared.insert(folded);
+      }
+    }
+  }
+  return {shared.begin(), shared.end()};
+}
+
+void AddRankings(PlainRecords& records, const PlainCodes& excludedIds, std::size_t index,
+                 PlainReasonLines& lines) {
+  for (const PlainCodes& group : PlainRankedGroups(records, excludedIds)) {
+    std::vector<std::size_t> ranked;
+    PlainCodes versions;
+    std::optional<std::size_t> place;
+    for (const QueryPackageResult& copy : PlainRanking(records, group)) {
+      ranked.push_back(IndexFor(records, copy.identificationCode));
+      versions.emplace_back(PlainFold(copy.Version).c_str());
+      if (ranked.back() == index) place = ranked.size() - 1;
+    }
+    if (place) lines.Ranking(ranked, *place, versions, SharedNames(records, ranked));
+  }
+}
+
 }  // namespace
 
 std::string PlainFold(const std::string& text) {
@@ -167,6 +235,51 @@ void PlainSupersede(PlainRecords& records, const std::vector<PlainCodes>& lists,
   for (const PlainCodes& group : PlainRankedGroups(records, excludedIds)) {
     ApplyGroup(records, group);
   }
+}
+
+void PlainReasonLines::List(std::size_t owner, std::optional<std::size_t> position) {
+  Say("list of " + std::to_string(owner) +
+      (position ? " names it at " + std::to_string(*position) : " keeps it"));
+}
+
+void PlainReasonLines::Ranking(const std::vector<std::size_t>& records, std::size_t place,
+                               const PlainCodes& versions, const PlainCodes& driverFiles) {
+  std::string line = "ranked " + std::to_string(place);
+  for (const std::size_t i : records) line += ", " + std::to_string(i);
+  for (const std::string& version : versions) line += ", version " + version;
+  for (const std::string& name : driverFiles) line += ", file " + name;
+  Say(line);
+}
+
+PlainCodes PlainReason(PlainRecords records, const std::vector<PlainCodes>& lists,
+                       const std::set<std::size_t>& withoutProperties,
+                       const PlainCodes& excludedIds, std::size_t index) {
+  PlainReasonLines lines;
+  const QueryPackageResult& own = records.at(index);
+  const bool isRefused = IsRefused(own);
+  AddLists(records, lists, index, lines);
+  AddRankings(records, excludedIds, index, lines);
+  if (isRefused) lines.Say("refused");
+  if (PlainIsListed(excludedIds, own.identificationCode)) lines.Say("excluded");
+  if (!isRefused && withoutProperties.count(index) != 0) lines.Say("no properties");
+  const std::size_t owner = OwnerOf(records, lists, own.identificationCode);
+  if (owner != records.size()) lines.Say("list counted", owner);
+  lines.Say("marked", IndexFor(records, own.identificationCode));
+  for (std::size_t k = 0; !isRefused && k < lists[index].size(); ++k) {
+    if (PlainFind(records, lists[index][k]) == nullptr) lines.Say("unknown", k);
+  }
+  PlainReasonLines excluded;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    if (i == index || !AreRelated(own, records[i])) continue;
+    if (IsRefused(records[i])) {
+      lines.Say("refused rival", i);
+    } else if (PlainIsListed(excludedIds, records[i].identificationCode)) {
+      excluded.Say("excluded rival", i);
+    }
+  }
+  PlainCodes all = lines.Take();
+  for (const std::string& line : excluded.Take()) all.push_back(line);
+  return all;
 }
 
 }  // namespace Vornik::Testing

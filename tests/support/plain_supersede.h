@@ -3,7 +3,10 @@
 #ifndef VORNIK_TESTS_PLAIN_SUPERSEDE_H
 #define VORNIK_TESTS_PLAIN_SUPERSEDE_H
 
+#include <cstddef>
 #include <map>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -38,6 +41,28 @@ PlainRecords PlainRanking(PlainRecords records, const PlainCodes& group);
 
 void PlainSupersede(PlainRecords& records, const std::vector<PlainCodes>& lists,
                     const PlainCodes& excludedIds);
+
+// Parts of a reason as lines of text, so that two of them can be compared.
+class PlainReasonLines {
+ public:
+  void Say(const std::string& text) { lines_.push_back(text); }
+  void Say(const std::string& text, std::size_t number) {
+    Say(text + " " + std::to_string(number));
+  }
+  void List(std::size_t owner, std::optional<std::size_t> position);
+  void Ranking(const std::vector<std::size_t>& records, std::size_t place,
+               const PlainCodes& versions, const PlainCodes& driverFiles);
+  PlainCodes Take() const { return lines_; }
+
+ private:
+  PlainCodes lines_;
+};
+
+// Why a record is kept or superseded, and what was left out: in the order in which lists and
+// rankings are applied, then what concerns the record itself, then its rivals.
+PlainCodes PlainReason(PlainRecords records, const std::vector<PlainCodes>& lists,
+                       const std::set<std::size_t>& withoutProperties,
+                       const PlainCodes& excludedIds, std::size_t index);
 
 }  // namespace Vornik::Testing
 

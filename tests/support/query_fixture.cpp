@@ -1,6 +1,8 @@
 #include "query_fixture.h"
 
-#include "package_paths.h"
+#include <utility>
+
+#include "text/paths.h"
 
 namespace Vornik::Testing {
 
@@ -27,6 +29,15 @@ std::string QueryTest::WriteIndividual(const std::string& name, Descriptor descr
     complete.Set(property.name, property.values);
   }
   return folder.Write(name, complete.Individual());
+}
+
+void QueryTest::Load(std::vector<PackageXmlEntry> entries) {
+  imp.repository = {};
+  for (PackageXmlEntry& entry : entries) imp.repository.Add(std::move(entry));
+}
+
+void QueryTest::LoadPacks(std::vector<KovuPackEntry> packs) {
+  for (KovuPackEntry& pack : packs) imp.repository.Add(std::move(pack));
 }
 
 std::string QueryTest::PathOf(const std::string& name) const {

@@ -28,6 +28,11 @@ class QueryTest : public testing::Test {
   // Writes a descriptor of that file name for the fixture's machine; its code is the name's stem.
   std::string WriteIndividual(const std::string& name, Descriptor descriptor = Descriptor());
 
+  // Puts individual descriptors into the object, in place of all that it has loaded.
+  void Load(std::vector<PackageXmlEntry> entries);
+  // Adds packs to what the object has loaded.
+  void LoadPacks(std::vector<KovuPackEntry> packs);
+
   // Full path of a name in the folder, as the folder scan builds it.
   std::string PathOf(const std::string& name) const;
 

@@ -1,70 +1,58 @@
 #include "record_members.h"
 
-#include <tuple>
+#include <algorithm>
+#include <cstdint>
 
 namespace Vornik::Testing {
 
 namespace {
 
-auto Texts(const QueryPackageResult& r) {
-  return std::tie(r.packageXmlFile, r.identificationCode, r.buildNumber, r.description,
-                  r.updateSelection, r.rebootRequired, r.severity, r.category, r.payload, r.type,
-                  r.Version, r.kovuXmlFile, r.kovuName, r.supersedesId, r.supersededById);
+using DriverFile = QueryPackageResult::DriverFile;
+
+bool SameMember(const std::vector<DriverFile>& a, const std::vector<DriverFile>& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](const DriverFile& x, const DriverFile& y) {
+                      return std::tie(x.name, x.version, x.classification) ==
+                             std::tie(y.name, y.version, y.classification);
+                    });
 }
 
-auto Lists(const QueryPackageResult& r) {
-  return std::tie(r.applicableDeviceId, r.preReq, r.coReq);
+template <typename Member>
+bool SameMember(const Member& a, const Member& b) {
+  return a == b;
 }
 
-auto Slots(const QueryPackageResult& r) {
-  return std::tie(r.platformFilterStatus, r.kovuFilterStatus, r.sepFilterStatus,
-                  r.payloadExistFilterStatus, r.supersedeFilterStatus, r.includeIdFilterStatus,
-                  r.excludeIdFilterStatus, r.updateTypeFilterStatus);
-}
-
-static_assert(std::tuple_size_v<decltype(Texts({}))> + std::tuple_size_v<decltype(Lists({}))> +
-                  std::tuple_size_v<decltype(Slots({}))> + 1 ==
-              27);
-
-bool SameDriverFiles(const QueryPackageResult& a, const QueryPackageResult& b) {
-  if (a.driverFiles.size() != b.driverFiles.size()) return false;
-  for (std::size_t i = 0; i < a.driverFiles.size(); ++i) {
-    const auto& x = a.driverFiles[i];
-    const auto& y = b.driverFiles[i];
-    if (std::tie(x.name, x.version, x.classification) !=
-        std::tie(y.name, y.version, y.classification)) {
-      return false;
-    }
-  }
-  return true;
+template <typename Members, std::size_t... index>
+bool SameMembers(const Members& a, const Members& b, std::index_sequence<index...> /*all*/) {
+  return (SameMember(std::get<index>(a), std::get<index>(b)) && ...);
 }
 
 bool Same(const QueryPackageResult& a, const QueryPackageResult& b) {
-  return Texts(a) == Texts(b) && Lists(a) == Lists(b) && Slots(a) == Slots(b) &&
-         SameDriverFiles(a, b);
+  return SameMembers(TieRecordMembers(a), TieRecordMembers(b),
+                     std::make_index_sequence<recordMemberNames.size()>());
 }
 
-std::string Line(const std::string& value) { return "  \"" + value + "\"\n"; }
-std::string Line(std::uint32_t value) { return "  " + std::to_string(value) + "\n"; }
-std::string Line(const std::vector<std::string>& values) {
-  std::string line = "  {";
-  for (const std::string& value : values) line += "\"" + value + "\" ";
-  return line + "}\n";
+std::string Text(const std::string& value) { return '"' + value + '"'; }
+std::string Text(std::uint32_t value) { return std::to_string(value); }
+std::string Text(const DriverFile& file) {
+  return Text(file.name) + ' ' + Text(file.version) + ' ' + Text(file.classification);
 }
 
-template <typename Tuple>
-std::string LinesOf(const Tuple& members) {
-  return std::apply([](const auto&... member) { return (Line(member) + ...); }, members);
+template <typename Value>
+std::string Text(const std::vector<Value>& values) {
+  std::string text = "{";
+  for (const Value& value : values) text += Text(value) + ' ';
+  return text + "}";
 }
 
 }  // namespace
 
 std::string DescribeRecord(const QueryPackageResult& record) {
-  std::string text = LinesOf(Texts(record)) + LinesOf(Lists(record)) + LinesOf(Slots(record));
-  for (const auto& file : record.driverFiles) {
-    text += Line(file.name + "\" \"" + file.version + "\" \"" + file.classification);
-  }
-  return text;
+  std::string lines;
+  ForEachRecordMember(record, [&lines](const char* name, const auto& member) {
+    lines += "  " + std::string(name) + ' ' + Text(member) + '\n';
+  });
+  return lines;
 }
 
 std::string FirstDifference(const std::vector<QueryPackageResult>& records,

@@ -1,4 +1,4 @@
-// A folder of which the file-system library cannot tell what it is, so that it throws.
+// A folder whose type the file-system library cannot determine, so that it throws.
 #ifndef VORNIK_TESTS_UNQUERYABLE_FOLDER_H
 #define VORNIK_TESTS_UNQUERYABLE_FOLDER_H
 

@@ -1,4 +1,4 @@
-// What TinyXML as its authors left it cannot take, the library's loader does not give to it.
+// The library's loader passes unpatched TinyXML nothing on which it would fail.
 #include <gtest/gtest.h>
 
 #include "child_process.h"

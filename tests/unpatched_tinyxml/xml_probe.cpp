@@ -12,8 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "cimxml.h"
+#include "inspection/xml_places.h"
 #include "random_xml.h"
+#include "reading/cimxml.h"
 
 namespace Vornik::Testing {
 namespace {
@@ -35,9 +36,9 @@ void ParseDirectly(const std::string& text) {
   document.Parse(padded.c_str(), nullptr, TIXML_ENCODING_UTF8);
 }
 
-std::string Show(const LoadOutcome& outcome, const SupXmlProperties& properties) {
-  std::string shown = std::to_string(static_cast<int>(outcome.fault)) + ' ' + outcome.reason + ' ' +
-                      std::to_string(outcome.line) + ':' + std::to_string(outcome.column);
+std::string Show(const DescriptorReading& reading, const SupXmlProperties& properties) {
+  std::string shown = std::to_string(static_cast<int>(reading.fault)) + ' ' + reading.parserText +
+                      ' ' + std::to_string(reading.line) + ':' + std::to_string(reading.column);
   for (const SupXmlProperty& property : properties) {
     shown += ' ' + property.name + '=';
     for (const std::string& value : property.values) shown += value + '|';
@@ -47,15 +48,20 @@ std::string Show(const LoadOutcome& outcome, const SupXmlProperties& properties)
 }
 
 std::string Answer(const std::string& text, DescriptorKind kind, Positions positions) {
+  const PreparedXml xml = PrepareXml(text);
+  const bool isTracked = positions == Positions::Tracked;
   CimXmlDocument document;
-  const LoadOutcome outcome = document.LoadBytes(text, kind, positions);
-  SupXmlProperties properties;
-  ReadProperties(document.Root(), properties);
+  const ParseOutcome outcome = document.Parse(xml, kind, isTracked ? PositionsIn(xml) : positions);
+  DescriptorReading reading;
+  reading.fault = outcome.fault;
+  reading.parserText = outcome.parserText;
+  reading.line = outcome.line;
+  reading.column = outcome.column;
+  if (isTracked) PlaceFault(xml, reading);
   const TiXmlNode* root = document.Root();
-  const std::string place =
-      root == nullptr ? "no root"
-                      : std::to_string(LineOf(*root)) + ':' + std::to_string(ColumnOf(*root));
-  return Show(outcome, properties) + ' ' + place;
+  const TextPosition place = root == nullptr ? TextPosition() : PlaceOf(*root);
+  return Show(reading, ReadProperties(root)) + (root == nullptr ? " no root " : " ") +
+         std::to_string(place.line) + ':' + std::to_string(place.column);
 }
 
 void PrintAnswers(const std::string& text) {

@@ -1,16 +1,14 @@
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
 #include <exception>
 #include <functional>
 #include <iostream>
 #include <string>
 
 #include "QueryPackage.h"
-#include "exit_status.h"
-#include "explain_command.h"
-#include "lint_command.h"
-#include "query_command.h"
+#include "commands/exit_status.h"
+#include "commands/explain_command.h"
+#include "commands/lint_command.h"
+#include "commands/parser.h"
+#include "commands/query_command.h"
 
 namespace Vornik::Cli {
 

@@ -1,8 +1,8 @@
 // The default logging library: the class through which querypackage reports what it does.
 //
 // A host that brings its own logging library defines a CMake target Vornik::Log with its own Log.h
-// before it adds this project; this one is then not built. What querypackage relies on are exactly
-// the four members of Log below.
+// before it adds this project; this one is then not built. querypackage relies on exactly the four
+// members of Log below.
 #ifndef VORNIK_LOG_H
 #define VORNIK_LOG_H
 
@@ -40,8 +40,8 @@ class VORNIK_LOG_TYPE Log {
   // the record, as a string literal does. Null reads as an empty name.
   VORNIK_LOG_API Log(unsigned int level, const char* file, int line);
 
-  // Hands the record over. This library never lets an exception out of it, but a library put in its
-  // place may, and then the exception has to reach the caller.
+  // Hands the record over. This library lets no exception out of it. A host's own Log may throw
+  // here, and its exception then reaches the caller of RunQuery.
   VORNIK_LOG_API virtual ~Log() noexcept(false);
 
   Log(const Log&) = delete;

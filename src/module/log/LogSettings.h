@@ -10,9 +10,11 @@
 //
 // local time with milliseconds, "error", "warning" or "progress" ("level" and the number for a
 // level outside 1 to 3), source file and line, text. It is always one line: in file and text a line
-// feed is written \n, a backslash \\ and any other byte below 0x20 or equal to 0x7F \xNN; bytes
-// from 0x80 stay as they are. The line is handed to the operating system before the record's
-// destructor returns, so a process that then ends abruptly leaves it behind.
+// feed is written \n, a backslash \\ and any other byte below 0x20 or equal to 0x7F \xNN. On
+// standard error, which may be a terminal, the bytes of UTF-8 control characters (U+0080 to U+009F,
+// U+2028, U+2029) and of marks that change the writing direction are written \xNN too; all other
+// bytes from 0x80 stay as they are. The line is handed to the operating system before the record's
+// destructor returns, so it is not lost if the process then ends abruptly.
 //
 // A record that cannot be written is counted and otherwise dropped: the emitting code never
 // notices. Signals that POSIX systems raise for a failed write (SIGPIPE, SIGXFSZ) are the host's to
@@ -31,7 +33,7 @@
 namespace Vornik {
 
 // Sets what Log::GetMinLogLevel returns: 0 nothing, 1 errors (the default), 2 warnings too, 3 and
-// above everything. Emitting code asks before it composes a message; a Log object that is
+// above everything. Emitting code checks it before it composes a message; a Log object that is
 // constructed in spite of the threshold is written.
 VORNIK_LOG_API void SetMinLogLevel(unsigned int level) noexcept;
 
@@ -53,8 +55,8 @@ struct LogFile {
 
 // Writes records to a file: appended to if it exists, created along with missing folders if not.
 // One process at a time may use a path. Returns false if the limits are out of range or the file
-// cannot be opened: the destination stays as it was, and reason, unless null, is given a text for
-// people. After a write fails the file is opened afresh, at most once a second; records are lost
+// cannot be opened: the destination stays as it was, and reason, unless null, receives a text for
+// people. After a failed write the file is opened again, at most once a second; records are lost
 // until that succeeds. Throws std::bad_alloc only.
 VORNIK_LOG_API bool LogToFile(const LogFile& file, std::string* reason = nullptr);
 

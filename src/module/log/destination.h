@@ -7,7 +7,7 @@
 namespace Vornik {
 
 // May be written to by several threads at once. Shared by the current setting and the records that
-// are under way, and destroyed by whichever of them lets go last.
+// are under way, and destroyed when the last of them releases it.
 class Destination {
  public:
   Destination() = default;

@@ -1,5 +1,7 @@
 #include "file_sink.h"
 
+#include <spdlog/sinks/base_sink-inl.h>  // for a mutex that spdlog does not know
+
 #include <cstdio>
 #include <fstream>
 #include <stdexcept>
@@ -36,8 +38,8 @@ bool EndsInsideLine(const std::string& path) {
 }
 
 void Prepare(const std::string& path, std::FILE* stream) {
-  // Unbuffered: a line reaches the system in one write, and one that fails leaves nothing behind to
-  // be written later into the middle of another.
+  // Unbuffered: a line reaches the system in one write, and a failed write leaves nothing in a
+  // buffer that would later be written into the middle of another line.
   if (std::setvbuf(stream, nullptr, _IONBF, 0) != 0) {
     throw std::runtime_error("the log file cannot be written unbuffered");
   }
@@ -59,7 +61,7 @@ std::mutex& FileSinkMutex::Shared() {
   return mutex;
 }
 
-FileSink::FileSink(LogFile file) : file_(std::move(file)) {
+FileSink::FileSink(LogFile file, Clock clock) : file_(std::move(file)), clock_(std::move(clock)) {
   CheckSettings(file_);
   const std::lock_guard<FileSinkMutex> lock(mutex_);
   sink_ = Open(file_);
@@ -71,7 +73,7 @@ void FileSink::sink_it_(const spdlog::details::log_msg& message) {
     sink_->log(message);
   } catch (...) {
     sink_.reset();
-    nextTry_ = std::chrono::steady_clock::now() + retryInterval;
+    nextTry_ = clock_() + retryInterval;
     throw;
   }
 }
@@ -84,7 +86,7 @@ void FileSink::set_formatter_(std::unique_ptr<spdlog::formatter> formatter) {
 }
 
 void FileSink::Reopen() {
-  const auto now = std::chrono::steady_clock::now();
+  const auto now = clock_();
   if (now < nextTry_) throw std::runtime_error("the log file is closed after a failure");
   nextTry_ = now + retryInterval;
   auto opened = Open(file_);

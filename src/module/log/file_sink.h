@@ -1,12 +1,14 @@
-// Writes lines to a rotating file, and outlives its failures: spdlog's rotating sink must not be
-// used again once it has thrown, because it may then hold no file.
+// Writes lines to a rotating file and recovers from failures: spdlog's rotating sink must not be
+// used again once it has thrown, because it may then have no open file.
 #ifndef VORNIK_LOG_FILE_SINK_H
 #define VORNIK_LOG_FILE_SINK_H
 
+#include <spdlog/details/os.h>
 #include <spdlog/sinks/base_sink.h>
 #include <spdlog/sinks/rotating_file_sink.h>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <mutex>
 
@@ -14,8 +16,8 @@
 
 namespace Vornik {
 
-// One mutex for every FileSink: when a destination is replaced by one with the same path, a record
-// that is under way on the former must not be met half written by the opening of the new one.
+// One mutex for every FileSink: when a destination is replaced by one with the same path, the
+// former one must have written its record whole before the new one opens the file.
 class FileSinkMutex {
  public:
   void lock() { Shared().lock(); }
@@ -30,8 +32,11 @@ class FileSink final : public spdlog::sinks::base_sink<FileSinkMutex> {
   // The stream is in binary mode.
   static constexpr const char* lineEnd = spdlog::details::os::default_eol;
 
-  // Opens the file. Throws a std::exception that says why it cannot.
-  explicit FileSink(LogFile file);
+  using Clock = std::function<std::chrono::steady_clock::time_point()>;
+
+  // Opens the file. Throws a std::exception that says why it cannot. After a failure the clock says
+  // when to try again.
+  explicit FileSink(LogFile file, Clock clock = std::chrono::steady_clock::now);
 
  protected:
   void sink_it_(const spdlog::details::log_msg& message) override;
@@ -42,6 +47,7 @@ class FileSink final : public spdlog::sinks::base_sink<FileSinkMutex> {
   void Reopen();
 
   const LogFile file_;
+  const Clock clock_;
   std::unique_ptr<spdlog::sinks::rotating_file_sink_st> sink_;  // null after a failure
   std::chrono::steady_clock::time_point nextTry_;               // read only while sink_ is null
 };

@@ -7,19 +7,21 @@
 #include <string>
 
 #include "destination.h"
+#include "log_line.h"
 
 namespace Vornik {
 
 class LineDestination final : public Destination {
  public:
-  LineDestination(spdlog::sink_ptr sink, std::string lineEnd);
+  LineDestination(spdlog::sink_ptr sink, std::string lineEnd, LineEscape escape);
 
   // A std::exception of the sink stops here, and the record is counted as lost.
   void Write(const LogRecord& record) override;
 
  private:
-  // An object of our own, never registered: the process may use spdlog for itself.
+  // Never registered with spdlog, because the process may use spdlog itself.
   spdlog::logger logger_;
+  const LineEscape escape_;
 };
 
 }  // namespace Vornik

@@ -22,8 +22,8 @@ void LogToStandardError() {
 bool LogToFile(const LogFile& file, std::string* reason) {
   LogState& state = LogState::Instance();
   try {
-    state.Replace(
-        std::make_shared<LineDestination>(std::make_shared<FileSink>(file), FileSink::lineEnd));
+    state.Replace(std::make_shared<LineDestination>(std::make_shared<FileSink>(file),
+                                                    FileSink::lineEnd, LineEscape::ControlBytes));
     return true;
   } catch (const std::exception& error) {
     if (reason != nullptr) *reason = error.what();

@@ -13,8 +13,8 @@ LogState& LogState::Instance() {
 }
 
 LogState::LogState()
-    : standardError_(
-          std::make_shared<LineDestination>(std::make_shared<StderrSink>(), StderrSink::lineEnd)),
+    : standardError_(std::make_shared<LineDestination>(
+          std::make_shared<StderrSink>(), StderrSink::lineEnd, LineEscape::TerminalControls)),
       current_(standardError_) {}
 
 std::shared_ptr<Destination> LogState::Current() {
@@ -24,7 +24,7 @@ std::shared_ptr<Destination> LogState::Current() {
 
 void LogState::Replace(std::shared_ptr<Destination> destination) {
   const std::lock_guard<std::mutex> lock(mutex_);
-  // The former destination leaves with the parameter, after the lock is released: letting go of a
+  // The former destination is released with the parameter, after the lock, because destroying a
   // host's function runs the host's code.
   current_.swap(destination);
 }

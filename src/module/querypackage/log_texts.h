@@ -11,39 +11,45 @@ inline constexpr unsigned int warning = 2;
 inline constexpr unsigned int progress = 3;
 }  // namespace LogLevel
 
-// The lines around a stage; a stage without a switch has no third one.
+// The lines before and after a stage.
 struct StageText {
   const char* start;
   const char* end;
+};
+
+// A stage that a host can switch off also has the line that is logged instead.
+struct SwitchedStageText : StageText {
   const char* ignored;
 };
 
 namespace LogText {
 
 inline constexpr StageText parameterCheck{"Check parameter validity - Start",
-                                          "Check parameter validity - End", nullptr};
+                                          "Check parameter validity - End"};
 inline constexpr StageText parseFolder{"Parse XML Package Folder - Start",
-                                       "Parse XML Package Folder - End", nullptr};
+                                       "Parse XML Package Folder - End"};
 inline constexpr StageText createResults{"Create Query Package Results - Start",
-                                         "Create Query Package Results - End", nullptr};
+                                         "Create Query Package Results - End"};
 inline constexpr StageText preCallback{"PreQueryPackage Callback - Start",
-                                       "PreQueryPackage Callback - End", nullptr};
-inline constexpr StageText duplicate{"Duplicate Filter - Start", "Duplicate Filter - End", nullptr};
-inline constexpr StageText platform{"Platform Filter - Start", "Platform Filter - End", nullptr};
-inline constexpr StageText kovu{"Kovu Filter - Start", "Kovu Filter - End", "Kovu Filter Ignored!"};
-inline constexpr StageText sep{"Sep Filter - Start", "Sep Filter - End", "Sep Filter Ignored!"};
-inline constexpr StageText payloadExist{"PayloadExist Filter - Start", "PayloadExist Filter - End",
-                                        "PayloadExist Filter Ignored!"};
-inline constexpr StageText supersede{"Supersede Filter - Start", "Supersede Filter - End",
-                                     "Supersede Filter Ignored!"};
-inline constexpr StageText includeIds{"IncludePackageIDs Filter - Start",
-                                      "IncludePackageIDs Filter - End",
-                                      "IncludePackageIDs Filter Ignored!"};
-inline constexpr StageText excludeIds{"ExcludePackageIDs Filter - Start",
-                                      "ExcludePackageIDs Filter - End",
-                                      "ExcludePackageIDs Filter Ignored!"};
-inline constexpr StageText updateType{"UpdateType Filter - Start", "UpdateType Filter - End",
-                                      "UpdateType Filter Ignored!"};
+                                       "PreQueryPackage Callback - End"};
+inline constexpr StageText duplicate{"Duplicate Filter - Start", "Duplicate Filter - End"};
+inline constexpr StageText platform{"Platform Filter - Start", "Platform Filter - End"};
+inline constexpr SwitchedStageText kovu{{"Kovu Filter - Start", "Kovu Filter - End"},
+                                        "Kovu Filter Ignored!"};
+inline constexpr SwitchedStageText sep{{"Sep Filter - Start", "Sep Filter - End"},
+                                       "Sep Filter Ignored!"};
+inline constexpr SwitchedStageText payloadExist{
+    {"PayloadExist Filter - Start", "PayloadExist Filter - End"}, "PayloadExist Filter Ignored!"};
+inline constexpr SwitchedStageText supersede{{"Supersede Filter - Start", "Supersede Filter - End"},
+                                             "Supersede Filter Ignored!"};
+inline constexpr SwitchedStageText includeIds{
+    {"IncludePackageIDs Filter - Start", "IncludePackageIDs Filter - End"},
+    "IncludePackageIDs Filter Ignored!"};
+inline constexpr SwitchedStageText excludeIds{
+    {"ExcludePackageIDs Filter - Start", "ExcludePackageIDs Filter - End"},
+    "ExcludePackageIDs Filter Ignored!"};
+inline constexpr SwitchedStageText updateType{
+    {"UpdateType Filter - Start", "UpdateType Filter - End"}, "UpdateType Filter Ignored!"};
 
 // Parameter check.
 inline constexpr char folderNotSet[] = "xml package folder is not set";

@@ -7,38 +7,28 @@
 #include <boost/system/error_code.hpp>
 #include <chrono>
 #include <cstdlib>
-#include <iostream>
 #include <iterator>
 #include <thread>
 #include <utility>
 
-#include "cimxml.h"
-#include "descriptor_classification.h"
-#include "descriptor_files.h"
-#include "driver_files.h"
-#include "duplicate_rules.h"
-#include "id_rules.h"
-#include "literals.h"
+#include "filters/duplicate.h"
+#include "filters/kovu.h"
+#include "filters/package_ids.h"
+#include "filters/payload_exist.h"
+#include "filters/platform.h"
+#include "filters/sep.h"
+#include "filters/supersede/supersede.h"
+#include "filters/update_type.h"
 #include "log_statement.h"
 #include "log_texts.h"
-#include "pack_choice.h"
-#include "pack_members.h"
-#include "package_lookup.h"
-#include "package_paths.h"
-#include "payload_rules.h"
-#include "platform_rules.h"
-#include "query_parameters.h"
-#include "record_building.h"
-#include "sep_rules.h"
-#include "supersede_rules.h"
-#include "update_type_rules.h"
-
-// A failed parameter check goes to standard output as well, whatever the threshold is.
-#define QP_REPORT(message)                                         \
-  do {                                                             \
-    QP_LOG(LogLevel::error, message);                              \
-    std::cout << message; /* NOLINT(bugprone-macro-parentheses) */ \
-  } while (false)
+#include "model/literals.h"
+#include "model/query_parameters.h"
+#include "reading/descriptor_reading.h"
+#include "records/driver_files.h"
+#include "records/pack_members.h"
+#include "records/pack_selection.h"
+#include "records/record_building.h"
+#include "text/paths.h"
 
 namespace Vornik {
 
@@ -48,16 +38,15 @@ namespace fs = boost::filesystem;
 
 // A pack instance has to name its class first; one that does not keeps the load from returning.
 // The volatile read keeps the loop in the program, the sleep keeps it off the processor.
-void HoldLoadForever() {
+void WaitForever() {
   const volatile bool held = true;
   while (held) std::this_thread::sleep_for(std::chrono::hours(1));
 }
 
-// A folder's listing tells most kinds itself, so that no file is asked for it.
-std::optional<std::string> BytesOf(const fs::directory_entry& entry) {
+// A folder's listing includes most kinds, so that no file is queried for it.
+fs::file_type TypeOf(const fs::directory_entry& entry) {
   boost::system::error_code error;
-  const bool isRegular = entry.status(error).type() == fs::regular_file;
-  return isRegular ? ReadKnownRegularFile(entry.path().string()) : std::nullopt;
+  return entry.status(error).type();
 }
 
 std::uint32_t StatusOf(bool matched) {
@@ -67,91 +56,23 @@ std::uint32_t StatusOf(bool matched) {
 }  // namespace
 
 int QueryPackageImp::RunQuery(Results& results) {
-  QP_LOG(LogLevel::progress, LogText::parameterCheck.start);
-  if (!CheckParameterValidity()) return QueryCode::InvalidParameter;
-  QP_LOG(LogLevel::progress, LogText::parameterCheck.end);
+  QP_REQUIRED_STAGE(LogText::parameterCheck, CheckParameterValidity(), QueryCode::InvalidParameter);
+  QP_REQUIRED_STAGE(LogText::parseFolder, ParseXmlPackageFolder(), QueryCode::FolderFailed);
+  QP_REQUIRED_STAGE(LogText::createResults, CreateQueryPackageResults(results),
+                    QueryCode::NoResults);
+  if (queryCallback != nullptr) QP_STAGE(LogText::preCallback, queryCallback->PreQueryPackage());
 
-  QP_LOG(LogLevel::progress, LogText::parseFolder.start);
-  if (!ParseXmlPackageFolder()) return QueryCode::FolderFailed;
-  QP_LOG(LogLevel::progress, LogText::parseFolder.end);
+  QP_STAGE(LogText::duplicate, FilterDuplicate(results));
+  QP_STAGE(LogText::platform, FilterPlatform(results));
+  QP_SWITCHED_STAGE(LogText::kovu, kovuFilter, FilterKovu(results));
+  QP_SWITCHED_STAGE(LogText::sep, sepFilter, FilterSep(results));
+  QP_SWITCHED_STAGE(LogText::payloadExist, payloadExistFilter, FilterPayloadExist(results));
+  QP_SWITCHED_STAGE(LogText::supersede, supersedeFilter, FilterSupersede(results));
+  QP_SWITCHED_STAGE(LogText::includeIds, !includePackageIds.empty(), FilterIncludeId(results));
+  QP_SWITCHED_STAGE(LogText::excludeIds, !excludePackageIds.empty(), FilterExcludeId(results));
+  QP_SWITCHED_STAGE(LogText::updateType, !updateTypes.empty(), FilterUpdateType(results));
 
-  QP_LOG(LogLevel::progress, LogText::createResults.start);
-  if (!CreateQueryPackageResults(results)) return QueryCode::NoResults;
-  QP_LOG(LogLevel::progress, LogText::createResults.end);
-
-  if (queryCallback != nullptr) {
-    QP_LOG(LogLevel::progress, LogText::preCallback.start);
-    queryCallback->PreQueryPackage();
-    QP_LOG(LogLevel::progress, LogText::preCallback.end);
-  }
-
-  PackageIndex index(kovuPackEntries, packageXmlEntries);
-
-  QP_LOG(LogLevel::progress, LogText::duplicate.start);
-  FilterDuplicate(results);
-  QP_LOG(LogLevel::progress, LogText::duplicate.end);
-
-  QP_LOG(LogLevel::progress, LogText::platform.start);
-  FilterPlatform(results, index);
-  QP_LOG(LogLevel::progress, LogText::platform.end);
-
-  if (kovuFilter) {
-    QP_LOG(LogLevel::progress, LogText::kovu.start);
-    FilterKovu(results);
-    QP_LOG(LogLevel::progress, LogText::kovu.end);
-  } else {
-    QP_LOG(LogLevel::progress, LogText::kovu.ignored);
-  }
-
-  if (sepFilter) {
-    QP_LOG(LogLevel::progress, LogText::sep.start);
-    FilterSep(results);
-    QP_LOG(LogLevel::progress, LogText::sep.end);
-  } else {
-    QP_LOG(LogLevel::progress, LogText::sep.ignored);
-  }
-
-  if (payloadExistFilter) {
-    QP_LOG(LogLevel::progress, LogText::payloadExist.start);
-    FilterPayloadExist(results, index);
-    QP_LOG(LogLevel::progress, LogText::payloadExist.end);
-  } else {
-    QP_LOG(LogLevel::progress, LogText::payloadExist.ignored);
-  }
-
-  if (supersedeFilter) {
-    QP_LOG(LogLevel::progress, LogText::supersede.start);
-    FilterSupersede(results, index);
-    QP_LOG(LogLevel::progress, LogText::supersede.end);
-  } else {
-    QP_LOG(LogLevel::progress, LogText::supersede.ignored);
-  }
-
-  if (!includePackageIds.empty()) {
-    QP_LOG(LogLevel::progress, LogText::includeIds.start);
-    FilterIncludeId(results);
-    QP_LOG(LogLevel::progress, LogText::includeIds.end);
-  } else {
-    QP_LOG(LogLevel::progress, LogText::includeIds.ignored);
-  }
-
-  if (!excludePackageIds.empty()) {
-    QP_LOG(LogLevel::progress, LogText::excludeIds.start);
-    FilterExcludeId(results);
-    QP_LOG(LogLevel::progress, LogText::excludeIds.end);
-  } else {
-    QP_LOG(LogLevel::progress, LogText::excludeIds.ignored);
-  }
-
-  if (!updateTypes.empty()) {
-    QP_LOG(LogLevel::progress, LogText::updateType.start);
-    FilterUpdateType(results, index);
-    QP_LOG(LogLevel::progress, LogText::updateType.end);
-  } else {
-    QP_LOG(LogLevel::progress, LogText::updateType.ignored);
-  }
-
-  // Read afresh: the callback may have replaced itself, and a host's log may have too.
+  // Read again: the first call, or a host's log, may have replaced it.
   if (queryCallback != nullptr) queryCallback->PostQueryPackage();
   return QueryCode::Completed;
 }
@@ -205,7 +126,17 @@ bool QueryPackageImp::ParseXmlPackageFolder() {
     for (fs::directory_iterator entry(folder), end; entry != end; ++entry) {
       const fs::path& path = entry->path();
       if (!HasDescriptorExtension(path.native())) continue;
-      LoadDescriptor(path.string(), path.filename().string(), BytesOf(*entry));
+      DescriptorReader file(path.string());
+      file.ReadBytes(TypeOf(*entry));
+      if (IsKovuXml(file)) {
+        LoadKovuXml(std::move(file));
+      } else if (IsIndividualXml(file)) {
+        LoadPackageXml(std::move(file));
+      } else if (Log::GetMinLogLevel() >= LogLevel::error) {
+        // Before the statement: an allocation that fails inside one would cut the record short.
+        const std::string fileName = path.filename().string();
+        QP_LOG(LogLevel::error, fileName << LogText::notValidXml);
+      }
     }
   } catch (const fs::filesystem_error& error) {
     QP_LOG(LogLevel::error, error.what());
@@ -214,112 +145,74 @@ bool QueryPackageImp::ParseXmlPackageFolder() {
   return true;
 }
 
-void QueryPackageImp::LoadDescriptor(const std::string& path, const std::string& fileName,
-                                     FileBytes bytes) {
-  const DescriptorMarkers markers = MarkersOfBytes(bytes);
-  if (IsKovuXml(path, markers)) {
-    LoadKovuXml(path, std::move(bytes));
-  } else if (IsIndividualXml(path, markers)) {
-    LoadPackageXml(path, std::move(bytes));
-  } else {
-    QP_LOG(LogLevel::error, fileName << LogText::notValidXml);
-  }
-}
-
-bool QueryPackageImp::IsKovuXml(std::string path) {
-  return MayNameDescriptor(path) && IsKovuXml(path, MarkersOfFile(path));
-}
-
-bool QueryPackageImp::IsKovuXml(const std::string& path, const DescriptorMarkers& markers) {
-  const bool isKovu = IsKovuText(markers);
-  QP_LOG(LogLevel::progress, path << (isKovu ? LogText::isKovuXml : LogText::isNotKovuXml));
+bool QueryPackageImp::IsKovuXml(const DescriptorReader& file) {
+  if (!ContainsXmlExtension(file.Path())) return false;
+  const bool isKovu = file.Reading().kind == DescriptorKind::Pack;
+  QP_LOG(LogLevel::progress, file.Path() << (isKovu ? LogText::isKovuXml : LogText::isNotKovuXml));
   return isKovu;
 }
 
-bool QueryPackageImp::IsIndividualXml(std::string path) {
-  return MayNameDescriptor(path) && IsIndividualXml(path, MarkersOfFile(path));
-}
-
-bool QueryPackageImp::IsIndividualXml(const std::string& path, const DescriptorMarkers& markers) {
-  const bool isIndividual = IsIndividualText(markers);
+bool QueryPackageImp::IsIndividualXml(const DescriptorReader& file) {
+  if (!ContainsXmlExtension(file.Path())) return false;
+  const bool isIndividual = file.Reading().kind == DescriptorKind::Individual;
   QP_LOG(LogLevel::progress,
-         path << (isIndividual ? LogText::isIndividualXml : LogText::isNotIndividualXml));
+         file.Path() << (isIndividual ? LogText::isIndividualXml : LogText::isNotIndividualXml));
   return isIndividual;
 }
 
-bool QueryPackageImp::LoadPackageXml(std::string path) {
-  return MayNameDescriptor(path) && LoadPackageXml(path, ReadRegularFile(path));
-}
-
-bool QueryPackageImp::LoadPackageXml(std::string path, FileBytes bytes) {
-  QP_LOG(LogLevel::progress, LogText::loadPackage << path);
-  CimXmlDocument document;
-  if (document.LoadBytes(std::move(bytes), DescriptorKind::Individual).fault != LoadFault::None) {
-    QP_LOG(LogLevel::error, LogText::loadPackageFailed << path);
+bool QueryPackageImp::LoadPackageXml(DescriptorReader file) {
+  if (!ContainsXmlExtension(file.Path())) return false;
+  QP_LOG(LogLevel::progress, LogText::loadPackage << file.Path());
+  if (!file.ParseDocument(DescriptorKind::Individual)) {
+    QP_LOG(LogLevel::error, LogText::loadPackageFailed << file.Path());
     return false;
   }
 
   QP_LOG(LogLevel::progress, LogText::loadPackageRoot);
-  const TiXmlNode* root = document.Root();
-  if (root == nullptr) {
+  if (!file.FindRoot()) {
     QP_LOG(LogLevel::error, LogText::loadPackageRootFailed);
     return false;
   }
 
-  SupXmlProperties properties;
   QP_LOG(LogLevel::progress, LogText::getPackageProperties);
-  ReadProperties(root, properties);
-  if (properties.empty()) {
+  if (!file.ReadProperties()) {
     QP_LOG(LogLevel::error, LogText::getPackagePropertiesFailed);
     return false;
   }
-  packageXmlEntries.push_back({std::move(path), std::move(properties)});
+  repository.Add(PackageXmlEntry{file.Path(), std::move(file.TakeReading().properties.front())});
   return true;
 }
 
-bool QueryPackageImp::LoadKovuXml(std::string path) {
-  return MayNameDescriptor(path) && LoadKovuXml(path, ReadRegularFile(path));
-}
-
-bool QueryPackageImp::LoadKovuXml(std::string path, FileBytes bytes) {
-  QP_LOG(LogLevel::progress, LogText::loadKovu << path);
-  CimXmlDocument document;
-  if (document.LoadBytes(std::move(bytes), DescriptorKind::Pack).fault != LoadFault::None) {
-    QP_LOG(LogLevel::error, LogText::loadKovuFailed << path);
+bool QueryPackageImp::LoadKovuXml(DescriptorReader file) {
+  if (!ContainsXmlExtension(file.Path())) return false;
+  QP_LOG(LogLevel::progress, LogText::loadKovu << file.Path());
+  if (!file.ParseDocument(DescriptorKind::Pack)) {
+    QP_LOG(LogLevel::error, LogText::loadKovuFailed << file.Path());
     return false;
   }
 
   QP_LOG(LogLevel::progress, LogText::loadKovuRoot);
-  const TiXmlNode* root = document.Root();
-  if (root == nullptr) {
+  if (!file.FindRoot()) {
     QP_LOG(LogLevel::error, LogText::loadKovuRootFailed);
     return false;
   }
 
-  std::vector<const TiXmlNode*> instances;
-  if (CollectInstances(root, instances) != nullptr) HoldLoadForever();
-  if (instances.empty()) {
+  if (!file.CollectInstances()) {
+    if (file.Reading().fault == DescriptorFault::InstanceWithoutClassName) WaitForever();
     QP_LOG(LogLevel::error, LogText::noUpdateElements);
     return false;
   }
-
-  PackMembers members(path);
-  for (const TiXmlNode* instance : instances) {
-    SupXmlProperties properties;
+  while (file.HasNextInstance()) {
     QP_LOG(LogLevel::progress, LogText::getKovuProperties);
-    ReadProperties(instance, properties);
-    if (properties.empty()) {
-      QP_LOG(LogLevel::error, LogText::getKovuPropertiesFailed);
-      continue;
-    }
-    members.Add(std::move(properties));
+    if (!file.ReadNextInstance()) QP_LOG(LogLevel::error, LogText::getKovuPropertiesFailed);
   }
-  kovuPackEntries.push_back({std::move(path), members.Take()});
+  repository.Add(
+      KovuPackEntry{file.Path(), MembersOfPack(file.Path(), file.TakeReading().properties)});
   return true;
 }
 
 bool QueryPackageImp::CreateQueryPackageResults(Results& results) {
-  if (packageXmlEntries.empty() && kovuPackEntries.empty()) {
+  if (repository.IsEmpty()) {
     QP_LOG(LogLevel::error, LogText::noValidPackage << xmlPackageFolder);
     return false;
   }
@@ -327,39 +220,31 @@ bool QueryPackageImp::CreateQueryPackageResults(Results& results) {
 
   const std::int32_t chosen = SelectKovuPack();
   if (chosen != -1) {
-    const KovuPackEntry& pack = kovuPackEntries[static_cast<std::size_t>(chosen)];
+    const KovuPackEntry& pack = repository.kovuPackEntries()[static_cast<std::size_t>(chosen)];
     const std::string kovuName = FileStem(pack.kovuXmlFile);
     // The first member is the pack itself and never becomes a result.
     for (std::size_t i = 1; i < pack.members.size(); ++i) {
       results.push_back(CreateResult(pack.members[i], pack.kovuXmlFile, kovuName));
     }
   }
-  for (const PackageXmlEntry& entry : packageXmlEntries) {
+  for (const PackageXmlEntry& entry : repository.packageXmlEntries()) {
     results.push_back(CreateResult(entry, "", ""));
   }
   return !results.empty();
 }
 
 std::int32_t QueryPackageImp::SelectKovuPack() {
-  PackChooser chooser;
-  for (std::size_t i = 0; i < kovuPackEntries.size(); ++i) {
-    const SupXmlProperties& pack = PackLevelProperties(kovuPackEntries[i]);
-    switch (JudgePack(pack, machineType, osValue)) {
-      case PackVerdict::NoMachineTypes:
-        QP_LOG(LogLevel::error, LogText::noApplicableMachineTypes);
-        break;
-      case PackVerdict::NoOperatingSystems:
-        QP_LOG(LogLevel::error, LogText::noApplicableSystems);
-        break;
-      case PackVerdict::Applies:
-        chooser.Offer(static_cast<std::int32_t>(i), pack);
-        break;
-      case PackVerdict::OtherMachineType:
-      case PackVerdict::OtherOperatingSystem:
-        break;
+  const std::vector<PackResult> packs =
+      EvaluatePacks(repository.kovuPackEntries(), machineType, osValue);
+  for (const PackResult& pack : packs) {
+    if (pack.verdict == PackVerdict::NoMachineTypes) {
+      QP_LOG(LogLevel::error, LogText::noApplicableMachineTypes);
+    } else if (pack.verdict == PackVerdict::NoOperatingSystems) {
+      QP_LOG(LogLevel::error, LogText::noApplicableSystems);
     }
   }
-  return chooser.Chosen();
+  const std::optional<std::size_t> chosen = ChosenPack(packs);
+  return chosen ? static_cast<std::int32_t>(*chosen) : -1;
 }
 
 QueryPackageResult QueryPackageImp::CreateResult(const PackageXmlEntry& entry,
@@ -381,25 +266,13 @@ std::vector<QueryPackageResult::DriverFile> QueryPackageImp::GetDriverFiles(
   return std::move(reading.files);
 }
 
-bool QueryPackageImp::FindPackageProperties(std::string identificationCode,
-                                            SupXmlProperties& properties) {
-  if (identificationCode.empty()) {
-    QP_LOG(LogLevel::warning, LogText::codeIsEmpty);
-    return false;
-  }
-  const SupXmlProperties* found =
-      FindByIdentificationCode(identificationCode, kovuPackEntries, packageXmlEntries);
-  properties = found == nullptr ? SupXmlProperties() : *found;
-  return found != nullptr;
-}
-
-const SupXmlProperties* QueryPackageImp::LookUp(PackageIndex& index,
-                                                const std::string& identificationCode) {
+const SupXmlProperties* QueryPackageImp::FindPackageProperties(
+    const std::string& identificationCode) {
   if (identificationCode.empty()) {
     QP_LOG(LogLevel::warning, LogText::codeIsEmpty);
     return nullptr;
   }
-  return index.Find(identificationCode);
+  return repository.Find(identificationCode);
 }
 
 void QueryPackageImp::FilterDuplicate(Results& results) {
@@ -412,18 +285,14 @@ void QueryPackageImp::FilterDuplicate(Results& results) {
 }
 
 void QueryPackageImp::FilterPlatform(Results& results) {
-  PackageIndex index(kovuPackEntries, packageXmlEntries);
-  FilterPlatform(results, index);
-}
-
-void QueryPackageImp::FilterPlatform(Results& results, PackageIndex& index) {
+  repository.SampleLocale();
   for (QueryPackageResult& record : results) {
-    const SupXmlProperties* properties = LookUp(index, record.identificationCode);
+    const SupXmlProperties* properties = FindPackageProperties(record.identificationCode);
     if (properties == nullptr) {
       QP_LOG(LogLevel::error, LogText::noProperties);
       continue;
     }
-    switch (JudgePlatform(*properties, osValue, arcValue, machineType).verdict) {
+    switch (EvaluatePlatform(*properties, osValue, arcValue, machineType).verdict) {
       case PlatformVerdict::NoMachineTypes:
         QP_LOG(LogLevel::error, LogText::noMachineTypeList);
         break;
@@ -447,7 +316,7 @@ void QueryPackageImp::FilterPlatform(Results& results, PackageIndex& index) {
 
 void QueryPackageImp::FilterKovu(Results& results) {
   for (QueryPackageResult& record : results) {
-    const bool matched = !record.kovuXmlFile.empty() && !record.kovuName.empty();
+    const bool matched = IsFromPack(record);
     record.kovuFilterStatus = StatusOf(matched);
     QP_LOG(LogLevel::progress,
            record.identificationCode << (matched ? LogText::kovuMatched : LogText::kovuNotMatched));
@@ -464,13 +333,9 @@ void QueryPackageImp::FilterSep(Results& results) {
 }
 
 void QueryPackageImp::FilterPayloadExist(Results& results) {
-  PackageIndex index(kovuPackEntries, packageXmlEntries);
-  FilterPayloadExist(results, index);
-}
-
-void QueryPackageImp::FilterPayloadExist(Results& results, PackageIndex& index) {
+  repository.SampleLocale();
   for (QueryPackageResult& record : results) {
-    const bool matched = PayloadExists(LookUp(index, record.identificationCode));
+    const bool matched = PayloadExists(record.identificationCode);
     record.payloadExistFilterStatus = StatusOf(matched);
     QP_LOG(LogLevel::progress,
            record.identificationCode
@@ -478,17 +343,13 @@ void QueryPackageImp::FilterPayloadExist(Results& results, PackageIndex& index) 
   }
 }
 
-bool QueryPackageImp::PayloadExists(std::string identificationCode) {
-  PackageIndex index(kovuPackEntries, packageXmlEntries);
-  return PayloadExists(LookUp(index, identificationCode));
-}
-
-bool QueryPackageImp::PayloadExists(const SupXmlProperties* properties) {
+bool QueryPackageImp::PayloadExists(const std::string& identificationCode) {
+  const SupXmlProperties* properties = FindPackageProperties(identificationCode);
   if (properties == nullptr) {
     QP_LOG(LogLevel::error, LogText::noProperties);
     return false;
   }
-  switch (JudgePayload(*properties, xmlPackageFolder)) {
+  switch (EvaluatePayload(*properties, xmlPackageFolder)) {
     case PayloadVerdict::NoXmlFilename:
       QP_LOG(LogLevel::error, LogText::noXmlFilename);
       return false;
@@ -505,38 +366,30 @@ bool QueryPackageImp::PayloadExists(const SupXmlProperties* properties) {
 }
 
 void QueryPackageImp::FilterSupersede(Results& results) {
-  PackageIndex index(kovuPackEntries, packageXmlEntries);
-  FilterSupersede(results, index);
-}
-
-void QueryPackageImp::FilterSupersede(Results& results, PackageIndex& index) {
+  repository.SampleLocale();
+  const LocaleFold fold;
   for (QueryPackageResult& record : results) {
     record.supersedeFilterStatus = FilterStatus::Matched;
   }
-  ListPointers lists(results.size());
+  std::vector<std::optional<CodeList>> lists(results.size());
   for (std::size_t i = 0; i < results.size(); ++i) {
-    if (results[i].platformFilterStatus == FilterStatus::NotMatched) continue;
-    const SupXmlProperties* properties = LookUp(index, results[i].identificationCode);
+    if (!IsNotRefused(results[i])) continue;
+    const SupXmlProperties* properties = FindPackageProperties(results[i].identificationCode);
     if (properties == nullptr) {
       QP_LOG(LogLevel::error, LogText::noProperties);
       continue;
     }
-    lists[i] = FindPropertyValues(PropertyName::supersede, *properties);
+    lists[i] = GetPropertyValues(PropertyName::supersede, *properties);
   }
-  ResolveSupersedence(results, lists, excludePackageIds);
-}
-
-bool QueryPackageImp::IsIncludedPackageId(std::string identificationCode) const {
-  return IdSet(includePackageIds).Contains(identificationCode);
-}
-
-bool QueryPackageImp::IsExcludedPackageId(std::string identificationCode) const {
-  return IdSet(excludePackageIds).Contains(identificationCode);
+  const SupersedeInput input{results, lists, excludePackageIds, fold};
+  const std::vector<SupersedeVerdict> verdicts =
+      ApplySupersedence(ResolveSupersedence(input), input);
+  for (std::size_t i = 0; i < results.size(); ++i) WriteVerdict(verdicts[i], results[i]);
 }
 
 void QueryPackageImp::FilterIncludeId(Results& results) {
   if (includePackageIds.empty()) QP_LOG(LogLevel::error, LogText::includeIdsEmpty);
-  IdSet included(includePackageIds);
+  const IdSet included(includePackageIds);
   for (QueryPackageResult& record : results) {
     const bool matched = included.Contains(record.identificationCode);
     record.includeIdFilterStatus = StatusOf(matched);
@@ -548,7 +401,7 @@ void QueryPackageImp::FilterIncludeId(Results& results) {
 
 void QueryPackageImp::FilterExcludeId(Results& results) {
   if (excludePackageIds.empty()) QP_LOG(LogLevel::error, LogText::excludeIdsEmpty);
-  IdSet excluded(excludePackageIds);
+  const IdSet excluded(excludePackageIds);
   for (QueryPackageResult& record : results) {
     // A match is a package that passes: one that is not excluded.
     const bool matched = !excluded.Contains(record.identificationCode);
@@ -560,19 +413,15 @@ void QueryPackageImp::FilterExcludeId(Results& results) {
 }
 
 void QueryPackageImp::FilterUpdateType(Results& results) {
-  PackageIndex index(kovuPackEntries, packageXmlEntries);
-  FilterUpdateType(results, index);
-}
-
-void QueryPackageImp::FilterUpdateType(Results& results, PackageIndex& index) {
+  repository.SampleLocale();
   if (updateTypes.empty()) QP_LOG(LogLevel::error, LogText::updateTypesEmpty);
   for (QueryPackageResult& record : results) {
-    const SupXmlProperties* properties = LookUp(index, record.identificationCode);
+    const SupXmlProperties* properties = FindPackageProperties(record.identificationCode);
     if (properties == nullptr) {
       QP_LOG(LogLevel::error, LogText::noProperties);
       continue;
     }
-    switch (JudgeUpdateType(*properties, updateTypes)) {
+    switch (EvaluateUpdateType(*properties, updateTypes)) {
       case UpdateTypeVerdict::NoType:
         QP_LOG(LogLevel::error, LogText::noUpdateType);
         break;

@@ -1,0 +1,30 @@
+// How the program ends. Beside these, it ends with what RunQuery returned: see QueryCode.
+#ifndef VORNIK_CLI_COMMANDS_EXIT_STATUS_H
+#define VORNIK_CLI_COMMANDS_EXIT_STATUS_H
+
+#include <exception>
+#include <string>
+
+namespace Vornik::Cli {
+
+namespace ExitStatus {
+inline constexpr int success = 0;
+inline constexpr int negative = 1;  // explain knows nothing by the id; lint has findings to fail on
+inline constexpr int usage = 64;    // the command line is wrong, or its log file cannot be opened
+inline constexpr int hazard = 65;   // a descriptor would make the query hang or end the process
+inline constexpr int exception = 70;   // an exception ended the query
+inline constexpr int outputLost = 74;  // standard output could not be written
+}  // namespace ExitStatus
+
+// Writes one line to standard error, under the program's name.
+void PrintNotice(const std::string& line);
+
+// The same, and returns status.
+int Fail(int status, const std::string& line);
+
+// The exception's type and what it says.
+std::string Describe(const std::exception& error);
+
+}  // namespace Vornik::Cli
+
+#endif  // VORNIK_CLI_COMMANDS_EXIT_STATUS_H

@@ -1,0 +1,184 @@
+#include "commands/options.h"
+
+#include <LogSettings.h>
+#include <fmt/format.h>
+
+#include <charconv>
+#include <cstdint>
+#include <limits>
+
+#include "commands/parser.h"
+
+namespace Vornik::Cli {
+
+namespace {
+
+constexpr std::size_t mostLogBytes = std::size_t{100} << 20;
+
+// Decimal digits only, with a minus sign where Number has one: a leading zero is no octal number.
+template <typename Number>
+Number ParseNumber(const std::string& option, const std::string& text,
+                   Number least = std::numeric_limits<Number>::min(),
+                   Number most = std::numeric_limits<Number>::max()) {
+  Number number{};
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || stop != end || number < least || number > most) {
+    throw CLI::ValidationError(
+        option, fmt::format("\"{}\" is not a whole number from {} to {}", text, least, most));
+  }
+  return number;
+}
+
+template <typename Code>
+void AddCode(CLI::App& command, const std::string& name, Code& code, const std::string& help) {
+  command
+      .add_option_function<std::string>(
+          name,
+          [name, &code](const std::string& text) {
+            code = static_cast<Code>(ParseNumber<std::uint32_t>(name, text));
+          },
+          help)
+      ->type_name("N")
+      ->required();
+}
+
+void AddIds(CLI::App& command, const std::string& name, std::vector<std::string>& ids,
+            const std::string& help) {
+  AddRepeated(
+      command, name, "ID", [&ids](const std::string& id) { ids.push_back(id); }, help);
+}
+
+void AddSwitch(CLI::App& command, const std::string& name, bool& filter, const std::string& help) {
+  command.add_flag_callback(
+      name, [&filter] { filter = false; }, help);
+}
+
+}  // namespace
+
+CLI::Option* AddFolder(CLI::App& command, std::string& folder) {
+  return command.add_option("FOLDER", folder, "Folder of the package descriptors and payloads")
+      ->type_name("")
+      ->required();
+}
+
+void AddQuerySettings(CLI::App& command, QuerySettings& settings) {
+  AddFolder(command, settings.folder);
+  command
+      .add_option("--machine-type", settings.machineType,
+                  "Machine type: four decimal digits, compared exactly")
+      ->type_name("TYPE")
+      ->required();
+  AddCode(command, "--os", settings.osValue,
+          "Operating-system code, 1 to 4294967295, as the descriptors use it");
+  AddCode(command, "--arch", settings.arcValue,
+          "Architecture code, 1 to 4294967295, as the descriptors use it");
+  AddRepeated(
+      command, "--update-type", "N",
+      [&settings](const std::string& text) {
+        const auto number = ParseNumber<std::int32_t>("--update-type", text);
+        settings.updateTypes.push_back(static_cast<UpdateType>(number));
+      },
+      "Update type that is wanted, -2147483648 to 2147483647;\n99 is any. Repeatable; without it "
+      "the filter is off");
+  AddIds(command, "--include", settings.includePackageIds,
+         "Identification code that is wanted, in any case.\nRepeatable; without it the filter is "
+         "off");
+  AddIds(command, "--exclude", settings.excludePackageIds,
+         "Identification code that is not wanted, in any case.\nRepeatable; without it the filter "
+         "is off");
+  AddSwitch(command, "--no-kovu-filter", settings.kovuFilter,
+            "Do not judge whether a package comes from the machine's pack");
+  AddSwitch(command, "--no-sep-filter", settings.sepFilter,
+            "Do not judge whether a package is a Sep package");
+  AddSwitch(command, "--no-payload-exist-filter", settings.payloadExistFilter,
+            "Do not judge whether a package's files are in the folder");
+  AddSwitch(command, "--no-supersede-filter", settings.supersedeFilter,
+            "Do not judge whether a package is replaced by another one");
+}
+
+void AddPackage(CLI::App& command, std::string& package) {
+  // Taken as it is: an option with one value would read "{}" as no value.
+  command
+      .add_option(
+          "--package", [](const CLI::results_t&) { return true; },
+          "Identification code of the package; case counts only\nwhere two codes differ in nothing "
+          "else")
+      ->each([&package](const std::string& id) { package = id; })
+      ->expected(1)
+      ->required()
+      ->type_name("ID");
+}
+
+void AddRepeated(CLI::App& command, const std::string& name, const std::string& typeName,
+                 const std::function<void(const std::string&)>& take, const std::string& help) {
+  command
+      .add_option(
+          name, [](const CLI::results_t&) { return true; }, help)
+      ->each(take)
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+      ->type_name(typeName);
+}
+
+void AddFormat(CLI::App& command, Format& format) {
+  command
+      .add_option_function<std::string>(
+          "--format",
+          [&format](const std::string& name) {
+            format = name == "json" ? Format::Json : Format::Table;
+          },
+          "table (default), or json: then standard output holds\nnothing but the JSON document")
+      ->check(CLI::IsMember({"table", "json"}))
+      ->type_name("NAME");
+}
+
+void AddLogOptions(CLI::App& command, LogOptions& log) {
+  command
+      .add_option_function<std::string>(
+          "--log-level",
+          [&log](const std::string& text) {
+            log.level = ParseNumber<unsigned int>("--log-level", text, 0, 3);
+          },
+          "Log records to write: 0 none, 1 errors (default),\n2 warnings too, 3 all")
+      ->type_name("N");
+  command
+      .add_option_function<std::string>(
+          "--log-file",
+          [&log](const std::string& file) {
+            log.file = file;
+            log.toFile = true;
+          },
+          "File to append log records to, renamed when it holds\n100 MiB; without it they go to "
+          "standard error")
+      ->type_name("FILE");
+}
+
+void AddTrust(CLI::App& command, bool& trust) {
+  command.add_flag(
+      "--trust", trust,
+      "Do not look first for descriptors that would hang the\nquery or end the process");
+}
+
+bool ApplyLogOptions(const LogOptions& log, std::string& reason) {
+  SetMinLogLevel(log.level);
+  if (!log.toFile) return true;
+  LogFile file;
+  file.path = log.file;
+  file.maxBytes = mostLogBytes;
+  return LogToFile(file, &reason);
+}
+
+void ApplySettings(const QuerySettings& settings, QueryPackage& query) {
+  query.SetXMLPackageFolder(settings.folder);
+  query.SetPlatform(settings.osValue, settings.arcValue, settings.machineType);
+  query.SetUpdateTypes(settings.updateTypes);
+  query.SetIncludePackageIDs(settings.includePackageIds);
+  query.SetExcludePackageIDs(settings.excludePackageIds);
+  query.SetKovuFilter(settings.kovuFilter);
+  query.SetSepFilter(settings.sepFilter);
+  query.SetPayloadExistFilter(settings.payloadExistFilter);
+  query.SetSupersedeFilter(settings.supersedeFilter);
+}
+
+}  // namespace Vornik::Cli

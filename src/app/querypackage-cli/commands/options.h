@@ -1,0 +1,67 @@
+// The options that the subcommands share, each group added to a subcommand by one call. What they
+// are bound to has to live until the command line is parsed.
+#ifndef VORNIK_CLI_COMMANDS_OPTIONS_H
+#define VORNIK_CLI_COMMANDS_OPTIONS_H
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "QueryPackage.h"
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
+
+namespace Vornik::Cli {
+
+// The settings of a query, as QueryPackage's setters take them.
+struct QuerySettings {
+  std::string folder;
+  std::string machineType;
+  OsValue osValue = OsValue::NotSet;
+  ArcValue arcValue = ArcValue::NotSet;
+  std::vector<UpdateType> updateTypes;
+  std::vector<std::string> includePackageIds;
+  std::vector<std::string> excludePackageIds;
+  bool kovuFilter = true;
+  bool sepFilter = true;
+  bool payloadExistFilter = true;
+  bool supersedeFilter = true;
+};
+
+enum class Format { Table, Json };
+
+struct LogOptions {
+  unsigned int level = 1;
+  std::string file;
+  bool toFile = false;  // otherwise to standard error
+};
+
+// Required, unless the caller says otherwise.
+CLI::Option* AddFolder(CLI::App& command, std::string& folder);
+
+// The folder included.
+void AddQuerySettings(CLI::App& command, QuerySettings& settings);
+
+// The package that is explained.
+void AddPackage(CLI::App& command, std::string& package);
+
+// An option that takes one value each time it is given. The values are taken one by one as they
+// are: read as a list, the value "{}" would be an empty one.
+void AddRepeated(CLI::App& command, const std::string& name, const std::string& typeName,
+                 const std::function<void(const std::string&)>& take, const std::string& help);
+
+void AddFormat(CLI::App& command, Format& format);
+void AddLogOptions(CLI::App& command, LogOptions& log);
+void AddTrust(CLI::App& command, bool& trust);
+
+// Directs the library's log records. False if the file cannot be opened: reason then says why.
+bool ApplyLogOptions(const LogOptions& log, std::string& reason);
+
+void ApplySettings(const QuerySettings& settings, QueryPackage& query);
+
+}  // namespace Vornik::Cli
+
+#endif  // VORNIK_CLI_COMMANDS_OPTIONS_H

@@ -1,0 +1,59 @@
+#include "commands/query_command.h"
+
+#include <memory>
+
+#include "QueryPackage.h"
+#include "commands/command_frame.h"
+#include "commands/exit_status.h"
+#include "commands/options.h"
+#include "commands/parser.h"
+#include "model/library_run.h"
+#include "output/json_output.h"
+#include "output/terminal.h"
+#include "output/verdict_table.h"
+
+namespace Vornik::Cli {
+
+namespace {
+
+struct QueryOptions {
+  QuerySettings query;
+  Format format = Format::Table;
+  LogOptions log;
+  bool trust = false;
+};
+
+bool PrintOutcome(const QueryOptions& options, const LibraryRun& run) {
+  if (options.format == Format::Json) {
+    return Print(JsonDocument(options.query, run.code, run.records));
+  }
+  return run.code != QueryCode::Completed || Print(VerdictTable(run.records, WantsColour()));
+}
+
+int Query(const QueryOptions& options) {
+  const LibraryRun run = RunLibrary(options.query, options.format);
+  ReportLostLogRecords();
+  if (!PrintOutcome(options, run)) return FailToPrint();
+  if (run.code == QueryCode::Completed) return ExitStatus::success;
+  return Fail(run.code, Advice(run.code, options.query));
+}
+
+int RunQueryCommand(const QueryOptions& options) {
+  if (const auto refusal = RefuseBefore(options.query, options.log, options.trust)) return *refusal;
+  return StatusOfRun([&options] { return Query(options); });
+}
+
+}  // namespace
+
+void AddQueryCommand(CLI::App& app, std::function<int()>& chosen) {
+  CLI::App* command = app.add_subcommand("query", "Judge the packages of a folder for one machine");
+  const auto options = std::make_shared<QueryOptions>();
+  AddQuerySettings(*command, options->query);
+  AddFormat(*command, options->format);
+  AddLogOptions(*command, options->log);
+  AddTrust(*command, options->trust);
+  command->callback(
+      [options, &chosen] { chosen = [options] { return RunQueryCommand(*options); }; });
+}
+
+}  // namespace Vornik::Cli

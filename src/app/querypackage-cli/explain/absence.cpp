@@ -1,0 +1,244 @@
+#include "explain/absence.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "explain/stage_log.h"
+#include "inspection/descriptor_inspection.h"
+#include "model/literals.h"
+#include "model/pack_text.h"
+#include "model/unread_files.h"
+#include "output/wording.h"
+#include "text/letter_case.h"
+#include "text/paths.h"
+
+namespace Vornik::Cli {
+
+namespace {
+
+std::string CodeOf(const SupXmlProperties& properties) {
+  return GetPropertyValue(PropertyName::identificationCode, properties);
+}
+
+bool IsOwnInstance(const KovuPackEntry& pack, const PackageXmlEntry& member) {
+  return IsSelfInstance(pack.kovuXmlFile,
+                        GetPropertyValue(PropertyName::xmlFilename, member.properties));
+}
+
+std::string OutcomeText(const DescriptorReading& reading) {
+  if (reading.kind == DescriptorKind::Neither) {
+    return "holds neither the marker of a pack nor that of an individual descriptor";
+  }
+  if (IsLoadFault(reading.fault)) return "failed to load";
+  switch (reading.fault) {
+    case DescriptorFault::NoRoot:
+      return "has no XML element";
+    case DescriptorFault::NoProperties:
+      return "has no property";
+    case DescriptorFault::NoInstances:
+      return "is a pack without an INSTANCE that begins with CLASSNAME";
+    case DescriptorFault::InstanceWithoutClassName:
+      return "is a pack with an INSTANCE that does not begin with CLASSNAME";
+    default:
+      return "adds nothing to the query";
+  }
+}
+
+std::string EvidenceText(const CodeFinding& finding) {
+  switch (finding.evidence) {
+    case CodeEvidence::IsCode:
+      return fmt::format("it holds the code \"{}\"", finding.spelling);
+    case CodeEvidence::IsInText:
+      return fmt::format("its text holds \"{}\"", finding.spelling);
+    case CodeEvidence::IsName:
+    case CodeEvidence::None:
+      break;
+  }
+  return "it has this name";
+}
+
+// What the XML library says about a file that does not load, with the place.
+std::string LoadFaultText(const RepositoryFile& file) {
+  const DescriptorReading reading = InspectDescriptor(file.path).reading;
+  if (!IsLoadFault(reading.fault)) return "it loads by now, so the folder has changed";
+  return reading.line == 0 ? FaultText(reading)
+                           : fmt::format("line {}, column {}: {}", reading.line, reading.column,
+                                         FaultText(reading));
+}
+
+// Collects the reasons of one code.
+class Reasons {
+ public:
+  Reasons(const AbsenceContext& context, const std::string& code)
+      : context_(context), code_(code) {}
+
+  std::vector<AbsenceReason> Collect() {
+    AddPacks();
+    AddFilesWithOtherCode();
+    AddFaultyFiles();
+    AddUnreadFiles();
+    return std::move(reasons_);
+  }
+
+ private:
+  void AddPacks() {
+    const auto& packs = context_.model.Folder().packs;
+    for (std::size_t i = 0; i < packs.size(); ++i) {
+      for (std::size_t m = 0; m < packs[i].members.size(); ++m) AddMember(i, m);
+      if (EqualByGlobalLocaleFold(FileStem(packs[i].kovuXmlFile), code_)) AddPackItself(packs[i]);
+    }
+  }
+
+  void AddMember(std::size_t packIndex, std::size_t member) {
+    const KovuPackEntry& pack = context_.model.Folder().packs[packIndex];
+    const PackageXmlEntry& entry = pack.members[member];
+    const std::string code = CodeOf(entry.properties);
+    if (code.empty() != code_.empty() || !EqualByGlobalLocaleFold(code, code_)) return;
+    if (member == 0 && IsOwnInstance(pack, entry)) {
+      AddPackItself(pack);
+    } else if (member == 0) {
+      reasons_.push_back({"packFirstMember",
+                          code,
+                          pack.kovuXmlFile,
+                          fmt::format("{} lists it first, and the first member is taken for the "
+                                      "pack itself: the pack has no instance of its own.",
+                                      pack.kovuXmlFile),
+                          "give the pack an INSTANCE of its own, whose \"xmlFilename\" is " +
+                              Quoted(FileNameOf(pack.kovuXmlFile)),
+                          {}});
+      AddPackVerdict(packIndex, code);
+    } else {
+      AddPackVerdict(packIndex, code);
+    }
+  }
+
+  // A chosen pack is no reason: its first member is lost for another one, the others are records.
+  void AddPackVerdict(std::size_t packIndex, const std::string& code) {
+    const auto& settings = context_.settings;
+    const auto& packs = context_.model.Folder().packs;
+    const auto& packResults = context_.model.Packs(settings.machineType, settings.osValue);
+    if (packResults[packIndex].chosen) return;
+    reasons_.push_back(
+        {"packNotChosen",
+         code,
+         packs[packIndex].kovuXmlFile,
+         fmt::format("{} lists it, but is not the pack in use: {}.", packs[packIndex].kovuXmlFile,
+                     TextOf(packs, packResults, packIndex, settings.machineType, settings.osValue)),
+         "",
+         {}});
+  }
+
+  void AddPackItself(const KovuPackEntry& pack) {
+    const auto known = std::find_if(reasons_.begin(), reasons_.end(), [&](const auto& reason) {
+      return reason.reason == "packItself" && reason.file == pack.kovuXmlFile;
+    });
+    if (known != reasons_.end()) return;
+    const std::string code =
+        pack.members.empty() ? std::string() : CodeOf(pack.members.front().properties);
+    reasons_.push_back(
+        {"packItself",
+         code,
+         pack.kovuXmlFile,
+         fmt::format("{} is a pack, and a pack itself never becomes a package.", pack.kovuXmlFile),
+         "ask for one of its members",
+         {}});
+  }
+
+  // The id may be the name of a file whose descriptor has another code.
+  void AddFilesWithOtherCode() {
+    for (std::size_t i = 0; i < context_.query.built.size(); ++i) {
+      const BuiltRecord& built = *context_.query.built[i];
+      const std::string& file = built.source.entry->xmlFile;
+      const bool named = !code_.empty() && (EqualByGlobalLocaleFold(FileStem(file), code_) ||
+                                            EqualByGlobalLocaleFold(FileNameOf(file), code_));
+      const std::string& code = built.record.identificationCode;
+      if (built.source.pack != nullptr || !named || EqualByGlobalLocaleFold(code, code_)) continue;
+      const BuiltRecord* kept = KeptInsteadOf(i);
+      reasons_.push_back(
+          {kept == nullptr ? "otherCode" : "duplicate",
+           code,
+           file,
+           fmt::format("{} is the descriptor of {}{}.", file, CodeText(code),
+                       kept == nullptr
+                           ? ""
+                           : ", and was dropped as a repeat of the one in " + kept->source.File()),
+           "ask for " + CodeText(code),
+           {}});
+    }
+  }
+
+  const BuiltRecord* KeptInsteadOf(std::size_t index) const {
+    for (const Duplicate& duplicate : context_.query.duplicates) {
+      if (duplicate.index == index) return context_.query.built[duplicate.kept];
+    }
+    return nullptr;
+  }
+
+  void AddFaultyFiles() {
+    for (const RepositoryFile& file : context_.model.Folder().files) {
+      if (file.reading.fault == DescriptorFault::None) continue;
+      const CodeFinding finding = FindCodeIn(file.path, code_);
+      if (finding.evidence == CodeEvidence::None) continue;
+      reasons_.push_back(
+          {file.reading.kind == DescriptorKind::Neither ? "notADescriptor" : "notLoaded",
+           finding.spelling, file.path,
+           fmt::format("{} {}{}; {}.", file.path, OutcomeText(file.reading),
+                       IsLoadFault(file.reading.fault) ? " (" + LoadFaultText(file) + ")" : "",
+                       EvidenceText(finding)),
+           "correct the file", LinesOfFile(context_.log, file.path, file.name)});
+    }
+  }
+
+  void AddUnreadFiles() {
+    for (const UnreadFile& file : FindUnreadFiles(context_.settings.folder)) {
+      const CodeFinding finding = FindCodeIn(file.path, code_);
+      if (finding.evidence == CodeEvidence::None) continue;
+      const std::string evidence = EvidenceText(finding);
+      if (file.inSubfolder) {
+        reasons_.push_back(
+            {"inSubfolder",
+             finding.spelling,
+             file.path,
+             fmt::format("{} is in a subfolder, and subfolders are not searched; {}.", file.path,
+                         evidence),
+             "move the file into the folder itself",
+             {}});
+      } else {
+        reasons_.push_back(
+            {"otherExtension",
+             finding.spelling,
+             file.path,
+             fmt::format("{} is passed over, because its name does not end in exactly \"{}\"; {}.",
+                         file.path, descriptorExtension, evidence),
+             fmt::format("rename the file so that it ends in \"{}\"", descriptorExtension),
+             {}});
+      }
+    }
+  }
+
+  const AbsenceContext& context_;
+  const std::string& code_;
+  std::vector<AbsenceReason> reasons_;
+};
+
+}  // namespace
+
+std::vector<AbsenceReason> ExplainAbsence(const AbsenceContext& context, const std::string& code) {
+  return Reasons(context, code).Collect();
+}
+
+std::vector<std::string> CodesInOtherPacks(const AbsenceContext& context, const std::string& code) {
+  std::vector<std::string> codes;
+  for (const KovuPackEntry& pack : context.model.Folder().packs) {
+    for (std::size_t m = 1; m < pack.members.size(); ++m) {
+      const std::string spelling = CodeOf(pack.members[m].properties);
+      if (!EqualByGlobalLocaleFold(spelling, code)) continue;
+      if (std::find(codes.begin(), codes.end(), spelling) != codes.end()) continue;
+      codes.insert(spelling == code ? codes.begin() : codes.end(), spelling);
+    }
+  }
+  return codes;
+}
+
+}  // namespace Vornik::Cli

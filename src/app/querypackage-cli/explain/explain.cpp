@@ -1,0 +1,230 @@
+#include "explain/explain.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "explain/absence.h"
+#include "explain/filters.h"
+#include "explain/stage_log.h"
+#include "explain/supersede.h"
+#include "model/record_comparison.h"
+#include "output/wording.h"
+#include "text/letter_case.h"
+
+namespace Vornik::Cli {
+
+namespace {
+
+using Records = std::vector<QueryPackageResult>;
+
+// The explanation is for the verdict in the record. Where the rules give another one for the
+// descriptors as they are now, the reason that they give is not the one that decided.
+void HoldAgainst(const QueryPackageResult& record, FilterExplanation& explanation) {
+  const Filter& filter = FilterOf(explanation.filter);
+  if (filter.slot == nullptr || explanation.status == record.*filter.slot) return;
+  explanation.status = record.*filter.slot;
+  explanation.file.clear();
+  explanation.properties.clear();
+  explanation.details.clear();
+  Say(explanation, "folderChanged",
+      "The folder changed after the query: its descriptors as they are now give another verdict.");
+}
+
+std::vector<FilterExplanation> ExplainAll(const PackageContext& package,
+                                          PackageExplanation& explanation) {
+  return {ExplainDuplicate(package, explanation.repeats),
+          ExplainPlatform(package),
+          ExplainKovu(package),
+          ExplainSep(package),
+          ExplainPayload(package),
+          ExplainSupersede(package, explanation.supersede),
+          ExplainInclude(package),
+          ExplainExclude(package),
+          ExplainUpdateType(package)};
+}
+
+// For a record whose descriptor is gone.
+std::vector<FilterExplanation> ExplainGone(const QueryPackageResult& record,
+                                           const QuerySettings& settings) {
+  std::vector<FilterExplanation> explanations;
+  for (const Filter& filter : Filters()) {
+    FilterExplanation explanation;
+    explanation.filter = filter.id;
+    explanation.status = filter.slot == nullptr ? FilterStatus::Matched : record.*filter.slot;
+    explanation.runs = Runs(filter.id, settings);
+    if (explanation.runs) {
+      Say(explanation, "folderChanged",
+          "The folder changed after the query: no record is built from it any more.");
+    } else {
+      ExplainOff(explanation);
+    }
+    explanations.push_back(std::move(explanation));
+  }
+  return explanations;
+}
+
+void AddSource(const PackageContext& package, PackageExplanation& explanation) {
+  const PropertySource& own = package.query.origins[package.index]->source;
+  explanation.sourceIsOwn = own.entry == package.source.entry;
+  if (package.source.entry == nullptr) {
+    explanation.sourceText = "Without a code the filters look its properties up nowhere.";
+    return;
+  }
+  const std::string& file = package.source.File();
+  explanation.sourceFile = file;
+  if (explanation.sourceIsOwn) {
+    explanation.sourceText = "The filters look its properties up in " + file + '.';
+  } else if (package.source.pack != nullptr && package.source.member == 0) {
+    explanation.sourceText = fmt::format(
+        "The filters look its properties up in {}, not in its own descriptor: the pack itself has "
+        "the same code, and members of packs are looked up first.",
+        file);
+  } else {
+    explanation.sourceText = fmt::format(
+        "The filters look its properties up in {}, not in its own descriptor: {} comes first "
+        "there, because members of all packs are looked up before individual descriptors.",
+        file,
+        package.source.pack == nullptr ? "a package of the same code"
+                                       : fmt::format("member {}", package.source.member));
+  }
+}
+
+void AddAnswer(const QuerySettings& settings, PackageExplanation& explanation) {
+  for (const Filter& filter : Filters()) {
+    if (filter.slot == nullptr) continue;
+    const auto status = explanation.record.*filter.slot;
+    if (status == FilterStatus::NotMatched) explanation.refusedBy.push_back(filter.id);
+    if (status == FilterStatus::NotEvaluated && Runs(filter.id, settings)) {
+      explanation.undecidedBy.push_back(filter.id);
+    }
+  }
+  if (!explanation.refusedBy.empty()) {
+    explanation.answer = Answer::Refused;
+  } else if (!explanation.undecidedBy.empty()) {
+    explanation.answer = Answer::Undecided;
+  }
+}
+
+// Explains the packages of one query.
+class Explainer {
+ public:
+  Explainer(Explanation& explanation, const LibraryRun& run, const LogLines& log,
+            const Verification& verify)
+      : explanation_(explanation),
+        settings_(explanation.query),
+        records_(run.records),
+        log_(log),
+        verify_(verify),
+        repository_(ReadRepository(settings_.folder)),
+        model_(repository_, settings_.folder),
+        query_(model_.Run(settings_)) {}
+
+  void Run() {
+    explanation_.folderChanged = !query_.canRun || !AreEqual(query_.records, records_);
+    const std::string& id = explanation_.packageId;
+    const std::size_t exact = IndexOf(records_, id);
+    if (exact < records_.size()) {
+      AddPackage(exact);
+      return;
+    }
+    for (std::size_t i = 0; i < records_.size(); ++i) {
+      if (EqualByGlobalLocaleFold(records_[i].identificationCode, id)) AddPackage(i);
+    }
+    AddAbsence();
+  }
+
+ private:
+  void AddPackage(std::size_t index) {
+    PackageExplanation package;
+    package.record = records_[index];
+    const std::string& code = package.record.identificationCode;
+    package.otherCase = code != explanation_.packageId;
+    for (const QueryPackageResult& other : records_) {
+      if (other.identificationCode != code &&
+          EqualByGlobalLocaleFold(other.identificationCode, code)) {
+        package.otherSpellings.push_back(other.identificationCode);
+      }
+    }
+    AddFilters(index, package);
+    AddAnswer(settings_, package);
+    AddWayOut(package);
+    explanation_.packages.push_back(std::move(package));
+  }
+
+  void AddFilters(std::size_t index, PackageExplanation& package) {
+    const std::size_t modelled = IndexOf(query_.records, package.record.identificationCode);
+    if (modelled == query_.records.size()) {
+      package.filters = ExplainGone(package.record, settings_);
+    } else {
+      const PackageContext context{settings_, model_, query_, modelled,
+                                   model_.SourceOf(package.record.identificationCode)};
+      AddSource(context, package);
+      package.filters = ExplainAll(context, package);
+    }
+    for (FilterExplanation& filter : package.filters) {
+      HoldAgainst(package.record, filter);
+      filter.log = LinesOfRecord(log_, filter.filter, records_, index);
+    }
+  }
+
+  void AddWayOut(PackageExplanation& package) {
+    package.wayOut.code = package.record.identificationCode;
+    if (package.answer == Answer::Offered) {
+      package.wayOut.state = WayOutState::NotNeeded;
+    } else if (explanation_.folderChanged) {
+      package.wayOut.state = WayOutState::Unknown;
+      package.wayOut.searchEnded = true;
+    } else {
+      package.wayOut = FindSmallestChange(model_, settings_, package.wayOut.code, verify_);
+    }
+  }
+
+  void AddAbsence() {
+    const AbsenceContext context{settings_, model_, query_, log_};
+    for (AbsenceReason& reason : ExplainAbsence(context, explanation_.packageId)) {
+      if (!IsExplained(reason.code)) explanation_.absence.push_back(std::move(reason));
+    }
+    if (!explanation_.packages.empty()) return;
+    const auto codes = CodesInOtherPacks(context, explanation_.packageId);
+    if (codes.empty() || explanation_.folderChanged) return;
+    explanation_.absenceWayOut = FindSmallestChange(model_, settings_, codes.front(), verify_);
+  }
+
+  bool IsExplained(const std::string& code) const {
+    return std::any_of(explanation_.packages.begin(), explanation_.packages.end(),
+                       [&code](const PackageExplanation& package) {
+                         return package.record.identificationCode == code;
+                       });
+  }
+
+  Explanation& explanation_;
+  const QuerySettings& settings_;
+  const Records& records_;
+  const LogLines& log_;
+  const Verification& verify_;
+  const Repository repository_;
+  QueryModel model_;
+  const ModelledQuery query_;
+};
+
+}  // namespace
+
+Explanation Explain(const QuerySettings& settings, const std::string& packageId,
+                    const LibraryRun& run, const LogLines& log, const Verification& verify) {
+  Explanation explanation;
+  explanation.query = settings;
+  explanation.packageId = packageId;
+  explanation.returnCode = run.code;
+  if (run.code == QueryCode::Completed || run.code == QueryCode::NoResults) {
+    Explainer(explanation, run, log, verify).Run();
+  }
+  return explanation;
+}
+
+bool IsKnown(const Explanation& explanation) {
+  return !explanation.packages.empty() || !explanation.absence.empty();
+}
+
+}  // namespace Vornik::Cli

@@ -1,0 +1,134 @@
+// Why a package of a folder is offered or not, as data. Texts hold pieces of descriptors as they
+// stand there: nothing is escaped for a terminal or a document.
+#ifndef VORNIK_CLI_EXPLAIN_EXPLANATION_H
+#define VORNIK_CLI_EXPLAIN_EXPLANATION_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "QueryPackage.h"
+#include "commands/options.h"
+#include "model/filter_table.h"
+
+namespace Vornik::Cli {
+
+// A property with the values that a filter read.
+struct PropertyReading {
+  std::string name;
+  std::vector<std::string> values;
+};
+
+struct FilterExplanation {
+  FilterId filter = FilterId::Duplicate;
+  std::uint32_t status = FilterStatus::NotEvaluated;  // in the record; duplicate: Matched
+  bool runs = true;
+  std::string reason;  // one word for programs
+  std::string text;    // one sentence
+  std::string file;    // whose properties decided; empty: none did
+  std::vector<PropertyReading> properties;
+  std::vector<std::string> details;  // further sentences
+  std::vector<std::string> log;      // the library's own lines
+};
+
+// A package that was ranked with others by a driver file.
+struct RankedPackage {
+  std::string code;
+  std::string version;
+  std::string comparedAs;  // the version, folded
+  std::string file;        // in which its record's text stands
+  bool isThis = false;
+};
+
+struct DriverGroup {
+  std::vector<std::string> driverFiles;  // names that two or more of the packages share
+  std::vector<RankedPackage> ranking;    // the last one is kept
+};
+
+struct ListedBy {
+  std::string code;      // whose "supersede" list it is
+  std::string file;      // in which the list stands
+  std::string spelling;  // of this package in the list
+};
+
+struct SupersedeChain {
+  std::vector<ListedBy> listedBy;     // in the order in which the lists are applied
+  std::vector<std::string> lists;     // what its own list names, of the packages of the query
+  std::vector<std::string> unknown;   // what its own list names besides
+  std::vector<DriverGroup> groups;    // in the order in which they are applied
+  std::vector<std::string> excluded;  // share a driver file; left out because of the exclude list
+  std::vector<std::string> otherPlatform;  // share a driver file; the platform filter refused them
+  bool listOverridden = false;             // a group decided otherwise than the lists before
+};
+
+// A descriptor that was dropped because it repeats the package's code.
+struct Repeat {
+  std::string packageXmlFile;
+  std::string kovuXmlFile;  // empty: an individual descriptor
+  std::string version;
+};
+
+enum class Answer {
+  Offered,    // every filter that ran matched
+  Refused,    // by one or more filters
+  Undecided,  // refused by none, but a filter that ran lacks its data
+};
+
+enum class WayOutState {
+  NotNeeded,  // every filter that runs matches already
+  Found,
+  None,     // no other settings help
+  Unknown,  // not found, and the search was ended before its end
+};
+
+// Which other settings make every filter match.
+struct WayOut {
+  WayOutState state = WayOutState::None;
+  std::string code;
+  // Each differs from the query in as few settings as possible, was run and does what it promises.
+  std::vector<QuerySettings> queries;
+  bool searchEnded = false;  // other queries, as small, may have been missed
+  // What in the repository keeps a filter from matching, whatever the settings are.
+  std::vector<std::string> inTheRepository;
+};
+
+struct PackageExplanation {
+  QueryPackageResult record;
+  Answer answer = Answer::Offered;
+  std::vector<FilterId> refusedBy;
+  std::vector<FilterId> undecidedBy;
+  bool otherCase = false;  // the id that was asked for has the same letters in another case
+  std::vector<std::string> otherSpellings;  // codes of other records, the same letters
+  std::string sourceFile;                   // where the filters read its properties; empty: nowhere
+  std::string sourceText;                   // one sentence about it
+  bool sourceIsOwn = true;                  // what the record was built from
+  std::vector<FilterExplanation> filters;   // in the order in which they run
+  std::vector<Repeat> repeats;
+  SupersedeChain supersede;
+  WayOut wayOut;
+};
+
+// Why no record has the code.
+struct AbsenceReason {
+  std::string reason;  // one word for programs
+  std::string code;    // as the file spells it; empty: not known
+  std::string file;    // empty: none
+  std::string text;    // one sentence
+  std::string remedy;  // what to change in the repository; empty: nothing
+  std::vector<std::string> log;
+};
+
+struct Explanation {
+  QuerySettings query;
+  std::string packageId;
+  int returnCode = QueryCode::Completed;
+  bool folderChanged = false;  // between the query and the look at the descriptors
+  std::vector<PackageExplanation> packages;
+  std::vector<AbsenceReason> absence;  // empty where a record has exactly that code
+  WayOut absenceWayOut;                // where packages is empty
+};
+
+}  // namespace Vornik::Cli
+
+#endif  // VORNIK_CLI_EXPLAIN_EXPLANATION_H

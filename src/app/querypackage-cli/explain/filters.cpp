@@ -1,0 +1,234 @@
+#include "explain/filters.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdint>
+
+#include "filters/update_type.h"
+#include "model/literals.h"
+#include "model/pack_text.h"
+#include "output/wording.h"
+#include "text/decimal.h"
+#include "text/letter_case.h"
+#include "text/paths.h"
+
+namespace Vornik::Cli {
+
+namespace {
+
+std::string PlaceOf(const PropertySource& source) {
+  return source.pack == nullptr ? source.entry->xmlFile
+                                : fmt::format("member {} of {}", source.member, source.File());
+}
+
+// How a pack lists a code: as one of its packages, or first, where it is lost. Empty if it does
+// not.
+std::string ListingText(const KovuPackEntry& pack, const std::string& code) {
+  const auto member =
+      std::find_if(pack.members.begin(), pack.members.end(), [&code](const auto& candidate) {
+        return GetPropertyValue(PropertyName::identificationCode, candidate.properties) == code;
+      });
+  if (member == pack.members.end()) return "";
+  if (member != pack.members.begin()) return "lists it";
+  const bool isOwn = IsSelfInstance(
+      pack.kovuXmlFile, GetPropertyValue(PropertyName::xmlFilename, member->properties));
+  return isOwn ? "has its code as the code of the pack itself, which is no package"
+               : "lists it first, where the pack itself is expected, so that it is lost";
+}
+
+// Which packs list the code, and why the package does not come from them.
+void AddPacksOf(FilterExplanation& explanation, const PackageContext& package) {
+  const QuerySettings& settings = package.settings;
+  const auto& packs = package.model.Folder().packs;
+  const auto& packResults = package.model.Packs(settings.machineType, settings.osValue);
+  for (std::size_t i = 0; i < packs.size(); ++i) {
+    const std::string listing = ListingText(packs[i], package.Record().identificationCode);
+    if (listing.empty()) continue;
+    explanation.details.push_back(
+        fmt::format("{} {}; {}.", packs[i].kovuXmlFile, listing,
+                    TextOf(packs, packResults, i, settings.machineType, settings.osValue)));
+  }
+}
+
+std::string UpdateTypeList(const std::vector<UpdateType>& types) {
+  std::vector<std::string> numbers;
+  numbers.reserve(types.size());
+  for (const UpdateType type : types) {
+    numbers.push_back(fmt::format("{}", static_cast<std::int32_t>(type)));
+  }
+  return fmt::format("{}", fmt::join(numbers, ", "));
+}
+
+// The first id of a list that means the code; null if there is none.
+const std::string* FindId(const std::vector<std::string>& ids, const std::string& code) {
+  const auto found = std::find_if(ids.begin(), ids.end(), [&code](const std::string& id) {
+    return EqualByGlobalLocaleFold(id, code);
+  });
+  return found == ids.end() ? nullptr : &*found;
+}
+
+FilterExplanation ExplainIds(FilterId filter, const PackageContext& package,
+                             const std::vector<std::string>& ids, const char* list) {
+  FilterExplanation explanation = BeginExplanation(filter, package);
+  if (!explanation.runs) return ExplainOff(explanation);
+  const std::string& code = package.Record().identificationCode;
+  const std::string* id = FindId(ids, code);
+  if (id == nullptr) {
+    Say(explanation, "notListed",
+        fmt::format("The {} list does not hold the code; it holds {}.", list, QuotedList(ids)));
+  } else if (*id == code) {
+    Say(explanation, "listed", fmt::format("The {} list holds the code.", list));
+  } else {
+    Say(explanation, "listed",
+        fmt::format("The {} list holds {}, which is the code in another case.", list, Quoted(*id)));
+  }
+  return explanation;
+}
+
+}  // namespace
+
+FilterExplanation BeginExplanation(FilterId filter, const PackageContext& package) {
+  const Filter& info = FilterOf(filter);
+  FilterExplanation explanation;
+  explanation.filter = filter;
+  explanation.status = info.slot == nullptr ? FilterStatus::Matched : package.Record().*info.slot;
+  explanation.runs = Runs(filter, package.settings);
+  return explanation;
+}
+
+FilterExplanation& Say(FilterExplanation& explanation, const char* reason, std::string text) {
+  explanation.reason = reason;
+  explanation.text = std::move(text);
+  return explanation;
+}
+
+FilterExplanation& ExplainOff(FilterExplanation& explanation) {
+  return Say(explanation, "off", FilterOf(explanation.filter).offBecause);
+}
+
+FilterExplanation& ExplainNoProperties(FilterExplanation& explanation) {
+  return Say(explanation, "noProperties",
+             "The package has no \"identificationCode\", by which its properties are looked up.");
+}
+
+void AddReading(FilterExplanation& explanation, const PackageContext& package,
+                const char* property) {
+  explanation.file = package.source.File();
+  explanation.properties.push_back(
+      {property, GetPropertyValues(property, package.source.entry->properties)});
+}
+
+FilterExplanation ExplainDuplicate(const PackageContext& package, std::vector<Repeat>& repeats) {
+  FilterExplanation explanation = BeginExplanation(FilterId::Duplicate, package);
+  const BuiltRecord* kept = package.query.origins[package.index];
+  explanation.file = kept->source.File();
+  explanation.properties.push_back(
+      {PropertyName::identificationCode, {package.Record().identificationCode}});
+  for (const Duplicate& duplicate : package.query.duplicates) {
+    if (package.query.built[duplicate.kept] != kept) continue;
+    const BuiltRecord& dropped = *package.query.built[duplicate.index];
+    repeats.push_back(
+        {dropped.record.packageXmlFile, dropped.record.kovuXmlFile, dropped.record.Version});
+    explanation.details.push_back(fmt::format("{}, version \"{}\", was dropped as a repeat of it.",
+                                              PlaceOf(dropped.source), dropped.record.Version));
+  }
+  if (repeats.empty()) {
+    return Say(explanation, "only", "No other descriptor of the query has this code.");
+  }
+  return Say(
+      explanation, "first",
+      fmt::format("{} stands first and stayed; {} dropped.", PlaceOf(kept->source),
+                  Count(repeats.size(), "repeat") + (repeats.size() == 1 ? " was" : " were")));
+}
+
+FilterExplanation ExplainKovu(const PackageContext& package) {
+  FilterExplanation explanation = BeginExplanation(FilterId::Kovu, package);
+  if (!explanation.runs) return ExplainOff(explanation);
+  const QueryPackageResult& record = package.Record();
+  if (record.kovuXmlFile.empty()) {
+    Say(explanation, "notInChosenPack",
+        "It was found as an individual descriptor only, not in a pack that is in use.");
+    AddPacksOf(explanation, package);
+    if (explanation.details.empty()) explanation.details.emplace_back("No pack lists it.");
+    return explanation;
+  }
+  explanation.file = record.kovuXmlFile;
+  if (record.kovuName.empty()) {
+    return Say(explanation, "packWithoutName",
+               "The file name of its pack is an extension alone, so that the pack has no name.");
+  }
+  return Say(explanation, "inChosenPack",
+             fmt::format("It comes from {}, the pack in use.", record.kovuXmlFile));
+}
+
+FilterExplanation ExplainSep(const PackageContext& package) {
+  FilterExplanation explanation = BeginExplanation(FilterId::Sep, package);
+  if (!explanation.runs) return ExplainOff(explanation);
+  const std::string& code = package.Record().identificationCode;
+  explanation.properties.push_back({PropertyName::identificationCode, {code}});
+  for (const char* id : {SepId::tsep, SepId::sep}) {
+    if (code.find(id) == std::string::npos) continue;
+    return Say(explanation, "sepCode", fmt::format("The code holds \"{}\".", id));
+  }
+  return Say(explanation, "noSepCode", "The code holds none of the Sep ids.");
+}
+
+FilterExplanation ExplainPayload(const PackageContext& package) {
+  FilterExplanation explanation = BeginExplanation(FilterId::PayloadExist, package);
+  if (!explanation.runs) return ExplainOff(explanation);
+  if (package.source.entry == nullptr) return ExplainNoProperties(explanation);
+  AddReading(explanation, package, PropertyName::xmlFilename);
+  AddReading(explanation, package, PropertyName::payload);
+  const auto missing = [&package](const char* property) {
+    const std::string name = GetPropertyValue(property, package.source.entry->properties);
+    return fmt::format("{}, which \"{}\" names, is no regular file.",
+                       PathInFolder(package.settings.folder, name), property);
+  };
+  switch (package.model.PayloadOf(package.source)) {
+    case PayloadVerdict::NoXmlFilename:
+      return Say(explanation, "noXmlFilename", "\"xmlFilename\" is missing or empty.");
+    case PayloadVerdict::NoPayload:
+      return Say(explanation, "noPayload", "\"payload\" is missing or empty.");
+    case PayloadVerdict::DescriptorMissing:
+      return Say(explanation, "descriptorMissing", missing(PropertyName::xmlFilename));
+    case PayloadVerdict::PayloadMissing:
+      return Say(explanation, "payloadMissing", missing(PropertyName::payload));
+    case PayloadVerdict::Found:
+      break;
+  }
+  return Say(explanation, "found", "Both files are in the folder.");
+}
+
+FilterExplanation ExplainInclude(const PackageContext& package) {
+  return ExplainIds(FilterId::IncludeId, package, package.settings.includePackageIds, "include");
+}
+
+FilterExplanation ExplainExclude(const PackageContext& package) {
+  return ExplainIds(FilterId::ExcludeId, package, package.settings.excludePackageIds, "exclude");
+}
+
+FilterExplanation ExplainUpdateType(const PackageContext& package) {
+  FilterExplanation explanation = BeginExplanation(FilterId::UpdateType, package);
+  if (!explanation.runs) return ExplainOff(explanation);
+  if (package.source.entry == nullptr) return ExplainNoProperties(explanation);
+  AddReading(explanation, package, PropertyName::type);
+  const SupXmlProperties& properties = package.source.entry->properties;
+  const std::string text = GetPropertyValue(PropertyName::type, properties);
+  const std::string asked = UpdateTypeList(package.settings.updateTypes);
+  switch (EvaluateUpdateType(properties, package.settings.updateTypes)) {
+    case UpdateTypeVerdict::NoType:
+      return Say(explanation, "noType", "\"type\" is missing or empty.");
+    case UpdateTypeVerdict::Matched:
+      return Say(explanation, "requested",
+                 fmt::format("\"type\" \"{}\" reads as {} and meets the request for {}.", text,
+                             ParseDecimal(text), asked));
+    case UpdateTypeVerdict::NotMatched:
+      break;
+  }
+  return Say(explanation, "notRequested",
+             fmt::format("\"type\" \"{}\" reads as {}; asked for is {}.", text, ParseDecimal(text),
+                         asked));
+}
+
+}  // namespace Vornik::Cli

@@ -1,0 +1,54 @@
+// Why each filter gave one package the verdict that it has.
+#ifndef VORNIK_CLI_EXPLAIN_FILTERS_H
+#define VORNIK_CLI_EXPLAIN_FILTERS_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "commands/options.h"
+#include "explain/explanation.h"
+#include "model/query_model.h"
+
+namespace Vornik::Cli {
+
+// One package of a modelled query.
+struct PackageContext {
+  const QuerySettings& settings;
+  QueryModel& model;
+  const ModelledQuery& query;
+  std::size_t index = 0;  // into the query's records
+  PropertySource source;  // where the filters read its properties
+
+  const QueryPackageResult& Record() const { return query.records[index]; }
+};
+
+// What a filter's rule says, with the verdict that it gives. log stays empty, and the supersede
+// filter is explained elsewhere.
+FilterExplanation ExplainDuplicate(const PackageContext& package, std::vector<Repeat>& repeats);
+FilterExplanation ExplainPlatform(const PackageContext& package);
+FilterExplanation ExplainKovu(const PackageContext& package);
+FilterExplanation ExplainSep(const PackageContext& package);
+FilterExplanation ExplainPayload(const PackageContext& package);
+FilterExplanation ExplainInclude(const PackageContext& package);
+FilterExplanation ExplainExclude(const PackageContext& package);
+FilterExplanation ExplainUpdateType(const PackageContext& package);
+
+// An explanation with the verdict in the record, and without a reason.
+FilterExplanation BeginExplanation(FilterId filter, const PackageContext& package);
+
+FilterExplanation& Say(FilterExplanation& explanation, const char* reason, std::string text);
+
+// Says that the filter does not run.
+FilterExplanation& ExplainOff(FilterExplanation& explanation);
+
+// Says that no properties were found for the code.
+FilterExplanation& ExplainNoProperties(FilterExplanation& explanation);
+
+// Adds all values of a property of the package.
+void AddReading(FilterExplanation& explanation, const PackageContext& package,
+                const char* property);
+
+}  // namespace Vornik::Cli
+
+#endif  // VORNIK_CLI_EXPLAIN_FILTERS_H

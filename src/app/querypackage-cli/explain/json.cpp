@@ -1,0 +1,189 @@
+#include "explain/json.h"
+
+#include <algorithm>
+#include <iterator>
+#include <nlohmann/json.hpp>
+#include <utility>
+#include <vector>
+
+#include "explain/explain.h"
+#include "output/json_output.h"
+#include "remedy/settings_change.h"
+
+namespace Vornik {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+using namespace Cli;
+
+const char* NameOf(Answer answer) {
+  switch (answer) {
+    case Answer::Offered:
+      return "offered";
+    case Answer::Refused:
+      return "refused";
+    case Answer::Undecided:
+      break;
+  }
+  return "undecided";
+}
+
+const char* NameOf(WayOutState state) {
+  switch (state) {
+    case WayOutState::NotNeeded:
+      return "notNeeded";
+    case WayOutState::Found:
+      return "found";
+    case WayOutState::None:
+      return "none";
+    case WayOutState::Unknown:
+      break;
+  }
+  return "unknown";
+}
+
+const char* VerdictOf(const FilterExplanation& filter) {
+  switch (filter.status) {
+    case FilterStatus::Matched:
+      return "matched";
+    case FilterStatus::NotMatched:
+      return "notMatched";
+    default:
+      return "notEvaluated";
+  }
+}
+
+template <typename Item, typename Make>
+Json ArrayOf(const std::vector<Item>& items, Make make) {
+  Json array = Json::array();
+  for (const Item& item : items) array.push_back(make(item));
+  return array;
+}
+
+Json NamesOf(const std::vector<FilterId>& filters) {
+  return ArrayOf(filters, [](FilterId filter) { return Json(FilterOf(filter).name); });
+}
+
+Json FilterObject(const FilterExplanation& filter) {
+  const Filter& info = FilterOf(filter.filter);
+  const auto property = [](const PropertyReading& reading) {
+    return Json{{"name", reading.name}, {"values", reading.values}};
+  };
+  return {{"filter", info.name},       {"slot", info.slotName},
+          {"status", filter.status},   {"verdict", VerdictOf(filter)},
+          {"runs", filter.runs},       {"reason", filter.reason},
+          {"text", filter.text},       {"rule", info.rule},
+          {"file", filter.file},       {"properties", ArrayOf(filter.properties, property)},
+          {"details", filter.details}, {"log", filter.log}};
+}
+
+Json GroupObject(const DriverGroup& group) {
+  const auto ranked = [](const RankedPackage& package) {
+    return Json{{"code", package.code},
+                {"version", package.version},
+                {"comparedAs", package.comparedAs},
+                {"file", package.file},
+                {"isThis", package.isThis}};
+  };
+  return {{"driverFiles", group.driverFiles}, {"ranking", ArrayOf(group.ranking, ranked)}};
+}
+
+Json SupersedeObject(const SupersedeChain& chain) {
+  const auto listed = [](const ListedBy& list) {
+    return Json{{"code", list.code}, {"file", list.file}, {"spelling", list.spelling}};
+  };
+  return {{"listedBy", ArrayOf(chain.listedBy, listed)},
+          {"lists", chain.lists},
+          {"listsUnknown", chain.unknown},
+          {"groups", ArrayOf(chain.groups, GroupObject)},
+          {"leftOutByExcludeList", chain.excluded},
+          {"leftOutByPlatform", chain.otherPlatform},
+          {"listOverridden", chain.listOverridden}};
+}
+
+Json QueryObjectOf(const QuerySettings& settings) {
+  return Json::parse(JsonDocument(settings, QueryCode::Completed, {}))["query"];
+}
+
+// The changes from one query to another, with the whole of it as arguments of the program.
+Json ChangeObject(const QuerySettings& before, const QuerySettings& after) {
+  const Json from = QueryObjectOf(before);
+  const Json to = QueryObjectOf(after);
+  const auto change = [&](const SettingChange& one) {
+    return Json{{"setting", one.setting},
+                {"from", from[one.setting]},
+                {"to", to[one.setting]},
+                {"text", one.text}};
+  };
+  return {{"changes", ArrayOf(ChangesBetween(before, after), change)},
+          {"arguments", QueryArguments(after)}};
+}
+
+Json WayOutObject(const QuerySettings& query, const WayOut& out) {
+  const auto change = [&query](const QuerySettings& after) { return ChangeObject(query, after); };
+  return {{"state", NameOf(out.state)},
+          {"code", out.code},
+          {"smallest", ArrayOf(out.queries, change)},
+          {"searchEnded", out.searchEnded},
+          {"inTheRepository", out.inTheRepository}};
+}
+
+Json PackageObject(const QuerySettings& query, const PackageExplanation& package) {
+  const auto repeat = [](const Repeat& dropped) {
+    return Json{{"packageXmlFile", dropped.packageXmlFile},
+                {"kovuXmlFile", dropped.kovuXmlFile},
+                {"version", dropped.version}};
+  };
+  return {{"identificationCode", package.record.identificationCode},
+          {"answer", NameOf(package.answer)},
+          {"refusedBy", NamesOf(package.refusedBy)},
+          {"undecidedBy", NamesOf(package.undecidedBy)},
+          {"otherCase", package.otherCase},
+          {"otherSpellings", package.otherSpellings},
+          {"source",
+           {{"file", package.sourceFile},
+            {"isOwn", package.sourceIsOwn},
+            {"text", package.sourceText}}},
+          {"filters", ArrayOf(package.filters, FilterObject)},
+          {"repeats", ArrayOf(package.repeats, repeat)},
+          {"supersede", SupersedeObject(package.supersede)},
+          {"wayOut", WayOutObject(query, package.wayOut)}};
+}
+
+Json AbsenceObject(const AbsenceReason& reason) {
+  return {{"reason", reason.reason}, {"code", reason.code},     {"file", reason.file},
+          {"text", reason.text},     {"remedy", reason.remedy}, {"log", reason.log}};
+}
+
+std::string AnswerOf(const Explanation& explanation) {
+  if (!explanation.packages.empty()) return NameOf(explanation.packages.front().answer);
+  if (!explanation.absence.empty()) return "absent";
+  const bool ran = explanation.returnCode == QueryCode::Completed ||
+                   explanation.returnCode == QueryCode::NoResults;
+  return ran ? "unknown" : "notRun";
+}
+
+}  // namespace
+
+std::string Cli::ExplanationJson(const Explanation& explanation) {
+  std::vector<QueryPackageResult> records;
+  std::transform(explanation.packages.begin(), explanation.packages.end(),
+                 std::back_inserter(records), [](const auto& package) { return package.record; });
+  Json document = Json::parse(JsonDocument(explanation.query, explanation.returnCode, records));
+  document["packageId"] = explanation.packageId;
+  document["answer"] = AnswerOf(explanation);
+  document["folderChanged"] = explanation.folderChanged;
+  document["packages"] = ArrayOf(explanation.packages, [&](const PackageExplanation& package) {
+    return PackageObject(explanation.query, package);
+  });
+  document["absence"] = ArrayOf(explanation.absence, AbsenceObject);
+  document["absenceWayOut"] = explanation.absenceWayOut.code.empty()
+                                  ? Json()
+                                  : WayOutObject(explanation.query, explanation.absenceWayOut);
+  constexpr int indent = 2;
+  constexpr bool asciiOnly = true;
+  return document.dump(indent, ' ', asciiOnly, Json::error_handler_t::replace) + '\n';
+}
+
+}  // namespace Vornik

@@ -1,0 +1,17 @@
+// An explanation as a JSON document for a program.
+#ifndef VORNIK_CLI_EXPLAIN_JSON_H
+#define VORNIK_CLI_EXPLAIN_JSON_H
+
+#include <string>
+
+#include "explain/explanation.h"
+
+namespace Vornik::Cli {
+
+// The document of "query" with only the explained records, followed by further keys; ASCII only,
+// and ended by a line feed.
+std::string ExplanationJson(const Explanation& explanation);
+
+}  // namespace Vornik::Cli
+
+#endif  // VORNIK_CLI_EXPLAIN_JSON_H

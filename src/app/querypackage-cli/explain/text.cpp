@@ -1,0 +1,201 @@
+#include "explain/text.h"
+
+#include <fmt/format.h>
+
+#include <string_view>
+
+#include "output/console_text.h"
+#include "output/wording.h"
+#include "remedy/settings_change.h"
+
+namespace Vornik::Cli {
+
+namespace {
+
+constexpr std::string_view good = "\x1b[32m";
+constexpr std::string_view bad = "\x1b[31m";
+constexpr std::string_view faint = "\x1b[2m";
+
+struct Word {
+  std::string_view text;
+  std::string_view paint;
+};
+
+Word WordOf(const FilterExplanation& filter) {
+  if (!filter.runs) return {"off", faint};
+  if (filter.status == FilterStatus::Matched) return {"pass", good};
+  return filter.status == FilterStatus::NotMatched ? Word{"fail", bad} : Word{"none", bad};
+}
+
+Word WordOf(Answer answer) {
+  switch (answer) {
+    case Answer::Offered:
+      return {"OFFERED", good};
+    case Answer::Refused:
+      return {"REFUSED", bad};
+    case Answer::Undecided:
+      break;
+  }
+  return {"UNDECIDED", bad};
+}
+
+std::string NamesOf(const std::vector<FilterId>& filters) {
+  std::string names;
+  for (const FilterId filter : filters) {
+    if (!names.empty()) names += ", ";
+    names += FilterOf(filter).name;
+  }
+  return names;
+}
+
+class Writer {
+ public:
+  explicit Writer(bool colour) : colour_(colour) {}
+
+  std::string Take() { return std::move(out_); }
+
+  void Write(const Explanation& explanation) {
+    if (explanation.folderChanged) {
+      Line(0,
+           "The folder changed after the query. Verdicts are those of the query; a reason that "
+           "no longer fits is left out.");
+    }
+    for (const PackageExplanation& package : explanation.packages) {
+      if (!out_.empty()) out_ += '\n';
+      WritePackage(explanation, package);
+    }
+    if (!explanation.absence.empty()) WriteAbsence(explanation);
+    if (explanation.packages.empty() && explanation.absence.empty()) WriteUnknown(explanation);
+  }
+
+ private:
+  void Line(std::size_t indent, const std::string& text) {
+    out_.append(indent, ' ');
+    out_ += Printable(text);
+    out_ += '\n';
+  }
+
+  std::string Painted(const Word& word, std::size_t width = 0) const {
+    std::string text = fmt::format("{:<{}}", word.text, width);
+    return colour_ ? fmt::format("{}{}\x1b[0m", word.paint, text) : text;
+  }
+
+  void WritePackage(const Explanation& explanation, const PackageExplanation& package) {
+    WriteHeadline(package);
+    if (package.otherCase) {
+      Line(2, fmt::format("Asked for was \"{}\", which has the same letters in another case.",
+                          explanation.packageId));
+    }
+    if (!package.otherSpellings.empty()) {
+      Line(2, "Further packages have the same letters in another case: " +
+                  QuotedList(package.otherSpellings) + '.');
+    }
+    WriteOrigin(package);
+    for (const FilterExplanation& filter : package.filters) WriteFilter(filter);
+    out_ += '\n';
+    WriteWayOut(explanation.query, package.wayOut);
+  }
+
+  void WriteHeadline(const PackageExplanation& package) {
+    out_ +=
+        Printable(package.record.identificationCode.empty() ? "(no code)"
+                                                            : package.record.identificationCode);
+    if (!package.record.Version.empty()) {
+      out_ += ", version " + Printable(package.record.Version);
+    }
+    out_ += ": " + Painted(WordOf(package.answer));
+    if (!package.refusedBy.empty()) out_ += " by " + NamesOf(package.refusedBy);
+    if (!package.undecidedBy.empty()) {
+      out_ += fmt::format("{} no verdict of {}", package.refusedBy.empty() ? ":" : ";",
+                          NamesOf(package.undecidedBy));
+    }
+    out_ += '\n';
+  }
+
+  void WriteOrigin(const PackageExplanation& package) {
+    const QueryPackageResult& record = package.record;
+    Line(2, "Descriptor: " + record.packageXmlFile +
+                (record.kovuXmlFile.empty() ? "" : ", as a member of " + record.kovuXmlFile));
+    if (!package.sourceText.empty()) Line(2, package.sourceText);
+  }
+
+  void WriteFilter(const FilterExplanation& filter) {
+    constexpr std::size_t indent = 8;
+    const Filter& info = FilterOf(filter.filter);
+    out_ += fmt::format("\n  {} {:<12} ", Painted(WordOf(filter), 4), info.name);
+    Line(0, filter.text);
+    Line(indent, std::string("Rule: ") + info.rule);
+    for (const PropertyReading& property : filter.properties) {
+      Line(indent, fmt::format("Read: {}: {}", property.name, QuotedList(property.values)));
+    }
+    if (!filter.file.empty()) Line(indent, "In:   " + filter.file);
+    for (const std::string& detail : filter.details) Line(indent, "Note: " + detail);
+    for (const std::string& line : filter.log) Line(indent, "Log:  " + line);
+  }
+
+  void WriteWayOut(const QuerySettings& query, const WayOut& out) {
+    switch (out.state) {
+      case WayOutState::NotNeeded:
+        Line(0, "Every filter that runs matches: nothing has to change.");
+        break;
+      case WayOutState::Found:
+        WriteChanges(query, out);
+        break;
+      case WayOutState::None:
+        Line(0, "No other settings of the query make every filter match.");
+        break;
+      case WayOutState::Unknown:
+        Line(0, "No settings were found that make every filter match; not all were tried.");
+        break;
+    }
+    for (const std::string& fault : out.inTheRepository) Line(2, "In the repository: " + fault);
+  }
+
+  void WriteChanges(const QuerySettings& query, const WayOut& out) {
+    Line(0, fmt::format("The smallest change of the query that makes every filter match{}:",
+                        out.code.empty() ? "" : " " + Quoted(out.code)));
+    for (std::size_t i = 0; i < out.queries.size(); ++i) {
+      std::string text;
+      for (const SettingChange& change : ChangesBetween(query, out.queries[i])) {
+        text += (text.empty() ? "" : "; ") + change.text;
+      }
+      Line(2, (i == 0 ? "" : "or: ") + text);
+    }
+    if (out.searchEnded) Line(2, "Not all were tried: others may be as small or smaller.");
+  }
+
+  void WriteAbsence(const Explanation& explanation) {
+    if (!out_.empty()) out_ += '\n';
+    out_ += fmt::format("{}: {}\n", Printable(explanation.packageId), Painted({"NO PACKAGE", bad}));
+    Line(2, "The query gives no package with exactly this code.");
+    for (const AbsenceReason& reason : explanation.absence) {
+      out_ += '\n';
+      Line(2, reason.text);
+      if (!reason.remedy.empty()) Line(8, "Do:   " + reason.remedy);
+      for (const std::string& line : reason.log) Line(8, "Log:  " + line);
+    }
+    if (explanation.absenceWayOut.code.empty()) return;
+    out_ += '\n';
+    WriteWayOut(explanation.query, explanation.absenceWayOut);
+  }
+
+  void WriteUnknown(const Explanation& explanation) {
+    out_ += fmt::format("{}: {}\n", Printable(explanation.packageId), Painted({"UNKNOWN", bad}));
+    Line(2,
+         "No descriptor of the folder has this code, and no file that is passed over or fails "
+         "to load holds it.");
+  }
+
+  const bool colour_;
+  std::string out_;
+};
+
+}  // namespace
+
+std::string ExplanationText(const Explanation& explanation, bool colour) {
+  Writer writer(colour);
+  writer.Write(explanation);
+  return writer.Take();
+}
+
+}  // namespace Vornik::Cli

@@ -1,0 +1,119 @@
+#include "lint/folder.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+#include "inspection/descriptor_inspection.h"
+#include "lint/documents.h"
+#include "lint/markers.h"
+#include "model/folder_reading.h"
+#include "model/literals.h"
+#include "records/pack_members.h"
+
+namespace Vornik::Cli {
+
+namespace {
+
+std::vector<DescriptorFile> ListByName(LintFolder& folder) {
+  FolderListing listing = ListDescriptors(folder.path);
+  folder.walkFailure = std::move(listing.walkFailure);
+  std::sort(listing.files.begin(), listing.files.end(),
+            [](const DescriptorFile& a, const DescriptorFile& b) { return a.name < b.name; });
+  return std::move(listing.files);
+}
+
+// See LintPack::isPackage.
+std::vector<bool> PackagesAmong(const LintPack& pack) {
+  std::vector<bool> isPackage(pack.members.size(), true);
+  bool hasNamed = false;
+  for (std::size_t i = 0; i < pack.ownInstances; ++i) {
+    if (pack.members[i].Value(PropertyName::xmlFilename) != pack.file) continue;
+    isPackage[i] = false;
+    hasNamed = true;
+  }
+  if (!hasNamed && pack.ownInstances != 0) isPackage.front() = false;
+  return isPackage;
+}
+
+LintPack PackOf(const DescriptorFile& file, std::vector<LintPackage> instances) {
+  std::vector<std::string> xmlFilenames;
+  for (const LintPackage& instance : instances) {
+    xmlFilenames.push_back(instance.Value(PropertyName::xmlFilename));
+  }
+  const MemberOrder order = OrderMembers(file.path, xmlFilenames);
+  LintPack pack;
+  pack.file = file.name;
+  pack.ownInstances = order.ownInstances;
+  for (const std::size_t i : order.instances) pack.members.push_back(std::move(instances[i]));
+  pack.isPackage = PackagesAmong(pack);
+  return pack;
+}
+
+bool IsUnreadable(DescriptorFault fault) {
+  return fault == DescriptorFault::NotOpened || fault == DescriptorFault::IsFolder ||
+         fault == DescriptorFault::NotRegular || fault == DescriptorFault::NotRead;
+}
+
+void AddPackages(const DescriptorFile& file, DescriptorInspection inspection, LintFolder& folder) {
+  if (inspection.reading.fault != DescriptorFault::None) return;
+  std::vector<LintPackage> packages;
+  for (PlacedPackage& package : inspection.packages) {
+    if (!package.properties.empty()) packages.emplace_back(file.name, std::move(package));
+  }
+  if (inspection.reading.kind == DescriptorKind::Pack) {
+    folder.packs.push_back(PackOf(file, std::move(packages)));
+  } else {
+    folder.individuals.push_back(std::move(packages.front()));
+  }
+}
+
+void ReadDescriptor(const DescriptorFile& file, LintFolder& folder, LintReport& report) {
+  DescriptorInspection inspection = InspectDescriptor(file.path, TextModeOf(folder.target));
+  if (IsUnreadable(inspection.reading.fault)) {
+    report.Add(LintId::NotReadable, file.name, {},
+               "This is no regular file that can be read, so it gives no package.");
+    return;
+  }
+  const std::string bytes = inspection.bytes.value_or("");
+  const SearchedFile searched{file.name, inspection, TextAsSearched(bytes, folder.target)};
+  CheckMarkers(searched, report);
+  if (inspection.reading.kind == DescriptorKind::Neither) return;
+  CheckDocument(searched, report);
+  AddPackages(file, std::move(inspection), folder);
+}
+
+}  // namespace
+
+LintFolder ReadLintFolder(const std::string& path, LintTarget target, LintReport& report) {
+  LintFolder folder;
+  folder.path = path;
+  folder.target = target;
+  for (const DescriptorFile& file : ListByName(folder)) {
+    folder.files.push_back(file.name);
+    ReadDescriptor(file, folder, report);
+  }
+  return folder;
+}
+
+std::vector<const LintPackage*> AllPackages(const LintFolder& folder) {
+  std::vector<const LintPackage*> packages;
+  for (const LintPack& pack : folder.packs) {
+    for (std::size_t i = 0; i < pack.members.size(); ++i) {
+      if (pack.isPackage[i]) packages.push_back(&pack.members[i]);
+    }
+  }
+  for (const LintPackage& package : folder.individuals) packages.push_back(&package);
+  return packages;
+}
+
+std::vector<const LintPackage*> PackagesByCode(const LintFolder& folder) {
+  std::unordered_set<std::string> known{""};
+  std::vector<const LintPackage*> packages;
+  for (const LintPackage* package : AllPackages(folder)) {
+    if (known.insert(package->Code()).second) packages.push_back(package);
+  }
+  return packages;
+}
+
+}  // namespace Vornik::Cli

@@ -1,0 +1,38 @@
+// Descriptors that a query must not meet: by the library's contract, one kind holds a query for
+// ever and another ends the process.
+#ifndef VORNIK_CLI_MODEL_HAZARD_CHECK_H
+#define VORNIK_CLI_MODEL_HAZARD_CHECK_H
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+#include "commands/options.h"
+
+namespace Vornik::Cli {
+
+enum class HazardKind {
+  InstanceWithoutClassName,  // a pack's INSTANCE whose first attribute is not CLASSNAME
+  UnclassifiedDriver,  // a package with more "driverFiles" than "driverFilesClassification" values
+};
+
+struct Hazard {
+  HazardKind kind = HazardKind::InstanceWithoutClassName;
+  std::string file;  // path of the descriptor to change
+  int line = 0;      // of the INSTANCE, or of the classifications, from 1; 0: not known
+  std::string code;  // UnclassifiedDriver: the package's identification code, which may be empty
+  std::size_t driverFiles = 0;
+  std::size_t classifications = 0;
+};
+
+// The hazard that the query of these settings would meet first, in the order in which it reads and
+// builds. Nothing where the query ends by itself before it meets one, as with settings that fail
+// the parameter check.
+std::optional<Hazard> FindHazard(const QuerySettings& settings);
+
+// One line for a person: where it is, what it does and what to change.
+std::string Describe(const Hazard& hazard);
+
+}  // namespace Vornik::Cli
+
+#endif  // VORNIK_CLI_MODEL_HAZARD_CHECK_H

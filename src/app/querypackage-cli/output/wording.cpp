@@ -1,0 +1,65 @@
+#include "output/wording.h"
+
+#include <fmt/format.h>
+#include <utf8_characters.h>
+
+#include <algorithm>
+#include <boost/filesystem/path.hpp>
+
+#include "text/letter_case.h"
+
+namespace Vornik::Cli {
+
+namespace {
+
+constexpr std::size_t mostListed = 12;
+constexpr std::size_t mostQuoted = 80;  // bytes
+
+template <typename Quote>
+std::string ListOf(const std::vector<std::string>& texts, Quote quote) {
+  if (texts.empty()) return "nothing";
+  std::string list;
+  const std::size_t shown = std::min(texts.size(), mostListed);
+  for (std::size_t i = 0; i < shown; ++i) {
+    if (i != 0) list += ", ";
+    list += quote(texts[i]);
+  }
+  if (shown < texts.size()) list += fmt::format(" and {} more", texts.size() - shown);
+  return list;
+}
+
+}  // namespace
+
+std::string Quoted(const std::string& text) { return '"' + text + '"'; }
+
+std::string QuotedBriefly(const std::string& text) {
+  if (text.size() <= mostQuoted) return Quoted(text);
+  std::size_t end = mostQuoted;
+  while (end > mostQuoted - 3 && IsUtf8Continuation(text[end])) --end;
+  return Quoted(text.substr(0, end) + "...");
+}
+
+std::string QuotedList(const std::vector<std::string>& texts) { return ListOf(texts, Quoted); }
+
+std::string BriefList(const std::vector<std::string>& texts) {
+  return ListOf(texts, QuotedBriefly);
+}
+
+std::string AsCompared(const std::string& version) {
+  const std::string folded = FoldByGlobalLocale(version);
+  return folded == version ? Quoted(version) : Quoted(version) + " (as " + Quoted(folded) + ")";
+}
+
+std::string CodeText(const std::string& code) {
+  return code.empty() ? "the package without a code" : Quoted(code);
+}
+
+std::string FileNameOf(const std::string& path) {
+  return boost::filesystem::path(path).filename().string();
+}
+
+std::string Count(std::size_t number, const std::string& noun) {
+  return fmt::format("{} {}{}", number, noun, number == 1 ? "" : "s");
+}
+
+}  // namespace Vornik::Cli

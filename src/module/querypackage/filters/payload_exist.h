@@ -1,0 +1,25 @@
+// Whether a package's two files, its descriptor and its payload, are in the package folder. Both
+// names are put behind the folder as they stand.
+#ifndef VORNIK_QUERYPACKAGE_FILTERS_PAYLOAD_EXIST_H
+#define VORNIK_QUERYPACKAGE_FILTERS_PAYLOAD_EXIST_H
+
+#include <string>
+
+#include "model/properties.h"
+
+namespace Vornik {
+
+// In the order in which the tests are made; the first failure decides.
+enum class PayloadVerdict {
+  NoXmlFilename,      // "xmlFilename" is missing or empty
+  NoPayload,          // "payload" is missing or empty
+  DescriptorMissing,  // no regular file of that name; any file-system error counts as that
+  PayloadMissing,     // the same for the payload
+  Found,
+};
+
+PayloadVerdict EvaluatePayload(const SupXmlProperties& properties, const std::string& folder);
+
+}  // namespace Vornik
+
+#endif  // VORNIK_QUERYPACKAGE_FILTERS_PAYLOAD_EXIST_H

@@ -1,0 +1,38 @@
+// Whether a package applies to a machine.
+//
+// Entry i of "orderedMachineTypeList", "orderedOSList" and "orderedOSArchitectureList" together
+// name one machine; the shortest list ends the walk. The machine type is compared exactly; an
+// operating system or architecture of 0, on either side, is any.
+//
+//   lists {1234, 1234} {10, 11} {9, 0}, machine 1234/11/5  =>  Matched at entry 1
+//   lists {1234} {10} {9}, machine 1234/11/9               =>  NotMatched
+#ifndef VORNIK_QUERYPACKAGE_FILTERS_PLATFORM_H
+#define VORNIK_QUERYPACKAGE_FILTERS_PLATFORM_H
+
+#include <cstddef>
+#include <string>
+
+#include "QueryPackage.h"
+#include "model/properties.h"
+
+namespace Vornik {
+
+enum class PlatformVerdict {
+  Matched,
+  NotMatched,
+  NoMachineTypes,      // "orderedMachineTypeList" is missing or empty
+  NoOperatingSystems,  // "orderedOSList" is missing or empty
+  NoArchitectures,     // "orderedOSArchitectureList" is missing or empty
+};
+
+struct PlatformResult {
+  PlatformVerdict verdict = PlatformVerdict::NotMatched;
+  std::size_t entry = 0;  // Matched: the first entry that matches
+};
+
+PlatformResult EvaluatePlatform(const SupXmlProperties& properties, OsValue osValue,
+                                ArcValue arcValue, const std::string& machineType);
+
+}  // namespace Vornik
+
+#endif  // VORNIK_QUERYPACKAGE_FILTERS_PLATFORM_H

@@ -1,0 +1,28 @@
+// The order in which the packages of one driver group are ranked: by version, compared as text.
+//
+//   RankVersions({"9", "10"})       =>  {1, 0}
+//   RankVersions({"2", "2", "1"})   =>  {2, 1, 0}: an exchange sort changes the order of equal ones
+#ifndef VORNIK_QUERYPACKAGE_FILTERS_SUPERSEDE_VERSION_RANKING_H
+#define VORNIK_QUERYPACKAGE_FILTERS_SUPERSEDE_VERSION_RANKING_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "code_index.h"
+
+namespace Vornik {
+
+// Versions as they are compared: folded, and each ended by its first zero byte as a C string is.
+std::vector<std::string> ComparedVersions(const std::vector<QueryPackageResult>& records,
+                                          const std::vector<RecordIndex>& group,
+                                          const LocaleFold& fold);
+
+// Takes versions as they are compared and returns their indices in the order that this leaves:
+//
+//   for each place p, for each later place q: if the version at p is greater, swap the two
+std::vector<std::size_t> RankVersions(const std::vector<std::string>& versions);
+
+}  // namespace Vornik
+
+#endif  // VORNIK_QUERYPACKAGE_FILTERS_SUPERSEDE_VERSION_RANKING_H

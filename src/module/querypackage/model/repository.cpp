@@ -1,0 +1,50 @@
+#include "model/repository.h"
+
+#include <utility>
+
+#include "model/literals.h"
+
+namespace Vornik {
+
+void Repository::Add(PackageXmlEntry entry) {
+  index_.reset();
+  packageXmlEntries_.push_back(std::move(entry));
+}
+
+void Repository::Add(KovuPackEntry entry) {
+  index_.reset();
+  kovuPackEntries_.push_back(std::move(entry));
+}
+
+void Repository::SampleLocale() {
+  const ByteFold fold = CLibraryFold();
+  if (fold != fold_) index_.reset();
+  fold_ = fold;
+}
+
+Repository::Index Repository::BuildIndex() const {
+  Index index;
+  const auto addAll = [&index](const std::vector<PackageXmlEntry>& entries, std::size_t pack) {
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+      // The first package with a code stays.
+      index.try_emplace(GetPropertyValue(PropertyName::identificationCode, entries[i].properties),
+                        Location{pack, i});
+    }
+  };
+  for (std::size_t pack = 0; pack < kovuPackEntries_.size(); ++pack) {
+    addAll(kovuPackEntries_[pack].members, pack);
+  }
+  addAll(packageXmlEntries_, noPack);
+  return index;
+}
+
+const SupXmlProperties* Repository::Find(const std::string& code) const {
+  if (!index_) index_ = BuildIndex();
+  const auto found = index_->find(code);
+  if (found == index_->end()) return nullptr;
+  const auto [pack, entry] = found->second;
+  const auto& entries = pack == noPack ? packageXmlEntries_ : kovuPackEntries_[pack].members;
+  return &entries[entry].properties;
+}
+
+}  // namespace Vornik

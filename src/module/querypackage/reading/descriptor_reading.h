@@ -1,0 +1,129 @@
+// What a query reads of one file of the package folder: its kind, its property lists, and why it
+// adds nothing.
+//
+//   "<!-- SystemUpdateElement --><PROPERTY NAME='x'/>"  =>  Individual, one list of one property
+//   "<!-- SystemUpdateElement --><a>"                   =>  Individual, NotWellFormed
+//   "<a/>"                                              =>  Neither, NoMarker
+//
+// A stage logs what it is about to do before each step, so that the last line of a log names the
+// file at which a process was killed or waits. So the reader takes one step at a time.
+#ifndef VORNIK_QUERYPACKAGE_READING_DESCRIPTOR_READING_H
+#define VORNIK_QUERYPACKAGE_READING_DESCRIPTOR_READING_H
+
+#include <boost/filesystem/file_status.hpp>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "descriptor_files.h"
+#include "descriptor_markers.h"
+#include "model/properties.h"
+
+namespace Vornik {
+
+class CimXmlDocument;
+
+// Most property records that one document may yield; nested instances multiply them.
+inline constexpr std::size_t maxPropertyRecords = 2'000'000;
+
+enum class DescriptorKind { Neither, Individual, Pack };
+
+// Why a file adds nothing to a query. Stages only distinguish the steps that fail; the rest is for
+// tools.
+enum class DescriptorFault {
+  None,
+  // The file is not read. See FileFault.
+  NotOpened,
+  IsFolder,
+  NotRegular,
+  NotRead,
+  // It is neither a pack nor an individual descriptor.
+  NoMarker,
+  Utf16,  // no marker, since the text is in UTF-16
+  // The document does not load.
+  Empty,
+  TooLarge,           // over maxFileSize
+  NestedTooDeep,      // over the limits of xml_limits.h
+  TooManyAttributes,  // over the limits of xml_limits.h
+  TooManyProperties,  // over maxPropertyRecords
+  NotWellFormed,      // see parserText
+  // The document contains nothing to read.
+  NoRoot,
+  NoProperties,
+  NoInstances,
+  InstanceWithoutClassName,  // its first attribute is not CLASSNAME
+};
+
+struct DescriptorReading {
+  DescriptorMarkers markers;
+  DescriptorKind kind = DescriptorKind::Neither;
+  DescriptorFault fault = DescriptorFault::None;
+  int error = 0;           // NotOpened, NotRead: errno; 0: not known
+  std::string parserText;  // NotWellFormed: TinyXML's reason
+  int line = 0;            // where the fault is, counted from 1; 0: not known, as in every query
+  int column = 0;          // the same
+
+  // One list for an individual descriptor; one for each instance of a pack that has properties.
+  std::vector<SupXmlProperties> properties;
+  std::size_t emptyInstances = 0;  // of a pack: passed over, since they have no property
+};
+
+// A query needs no position, and tracking them costs.
+enum class Positions { Ignored, Tracked };
+
+class DescriptorReader {
+ public:
+  explicit DescriptorReader(std::string path);
+  DescriptorReader(DescriptorReader&&) noexcept;
+  DescriptorReader& operator=(DescriptorReader&&) noexcept;
+  ~DescriptorReader();
+
+  const std::string& Path() const { return path_; }
+  const DescriptorReading& Reading() const { return reading_; }
+  DescriptorReading TakeReading() { return std::move(reading_); }
+
+  // Each step returns whether there is something for the next one; otherwise Reading().fault says
+  // why not.
+
+  // Reads the file and finds its kind. type is what the folder's listing says of it.
+  bool ReadBytes(boost::filesystem::file_type type, TextMode mode = nativeTextMode);
+  bool ReadBytes(TextMode mode = nativeTextMode);
+
+  // Parses what was read, as a document of a kind whatever the file's own kind is. Positions can be
+  // tracked only in a text that does not end inside a character.
+  bool ParseDocument(DescriptorKind kind, Positions positions = Positions::Ignored);
+
+  // The first child of the document that is an element.
+  bool FindRoot();
+
+  // Of an individual descriptor: every property of the document, in its order.
+  bool ReadProperties();
+
+  // Of a pack: every INSTANCE whose first attribute is CLASSNAME, in the document's order. One
+  // without attributes is passed over.
+  bool CollectInstances();
+
+  // The properties of the next instance. Call it while there are instances left.
+  bool ReadNextInstance();
+  bool HasNextInstance() const;
+
+  // For src/inspection. The bytes are there until the document is parsed.
+  const std::optional<std::string>& Bytes() const { return bytes_; }
+  const CimXmlDocument& Document() const { return *document_; }
+
+ private:
+  bool Use(FileReading file);
+  bool Fail(DescriptorFault fault);
+
+  std::string path_;
+  std::optional<std::string> bytes_;
+  std::unique_ptr<CimXmlDocument> document_;
+  std::size_t nextInstance_ = 0;
+  DescriptorReading reading_;
+};
+
+}  // namespace Vornik
+
+#endif  // VORNIK_QUERYPACKAGE_READING_DESCRIPTOR_READING_H

@@ -1,0 +1,75 @@
+// Every finding of lint: in a folder with its mistake, at the place of the mistake; and not in the
+// same folder without it.
+#include <algorithm>
+#include <cctype>
+
+#include "lint/lint_fixture.h"
+#include "lint/rules.h"
+
+namespace Vornik::Testing {
+namespace {
+
+class LintFindingTest : public LintTest, public testing::WithParamInterface<LintCase> {};
+
+TEST_P(LintFindingTest, StandsWhereTheMistakeIs) {
+  WriteFiles(GetParam().faulty);
+  EXPECT_EQ(PlacesOf(GetParam().id, {"--target", GetParam().target}), GetParam().places);
+}
+
+TEST_P(LintFindingTest, IsAbsentWithoutTheMistake) {
+  WriteFiles(GetParam().sound);
+  EXPECT_EQ(PlacesOf(GetParam().id, {"--target", GetParam().target}), std::vector<std::string>());
+}
+
+std::string NameOfCase(const testing::TestParamInfo<LintCase>& info) {
+  std::string name = info.param.id + "_" + info.param.what;
+  std::replace_if(
+      name.begin(), name.end(),
+      [](char c) { return std::isalnum(static_cast<unsigned char>(c)) == 0; }, '_');
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Lint, LintFindingTest, testing::ValuesIn(AllLintCases()), NameOfCase);
+
+class LintFolderTest : public LintTest {};
+
+// Ids that no folder of this system can have.
+std::set<std::string> ImpossibleHere() {
+#ifdef _WIN32
+  return {"name-collision"};
+#else
+  return {};
+#endif
+}
+
+TEST_F(LintFolderTest, FolderWithEveryMistakeHasEveryFinding) {
+  std::set<std::string> known;
+  for (const Cli::LintRule& rule : Cli::LintRules()) known.insert(rule.name);
+  for (const std::string& id : ImpossibleHere()) known.erase(id);
+  std::set<std::string> written;
+  for (const LintCase& one : AllLintCases()) {
+    if (written.insert(one.id).second) WriteFiles(one.faulty);
+  }
+  EXPECT_EQ(written, known) << "every finding has a case, and no case is of another";
+  std::set<std::string> found = IdsIn(LintJson());
+  for (const std::string& id : IdsIn(LintJson({"--target", "posix"}))) found.insert(id);
+  EXPECT_EQ(found, known);
+}
+
+TEST_F(LintFolderTest, SoundFolderHasNoFinding) {
+  WriteFiles(SoundPackage("a") + SoundPackage("b") +
+             PackFiles("pack", OwnInstance("pack.xml"), SoundInstance("pack-member")));
+  for (const char* target : {"windows", "posix"}) {
+    const Outcome outcome = Lint({"--target", target, "--fail-on", "warning"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(outcome.out, "0 errors, 0 warnings, 0 infos in 4 descriptor files.\n");
+  }
+}
+
+TEST_F(LintFolderTest, EmptyFolderHasNoFinding) {
+  EXPECT_EQ(Lint().out, "0 errors, 0 warnings, 0 infos in 0 descriptor files.\n");
+}
+
+}  // namespace
+}  // namespace Vornik::Testing

@@ -17,7 +17,7 @@ echo "cppcheck: clean"
 # they include, and takes over 10 GB for one source.
 analyzer=(-fanalyzer -Wno-analyzer-use-of-uninitialized-value -Wno-analyzer-malloc-leak)
 cmake -S . -B build/analyzer -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=g++ \
-  -DCMAKE_CXX_FLAGS="${analyzer[*]}" -DQUERYPACKAGE_INSTALL=OFF \
-  -DQUERYPACKAGE_BUILD_{TOOLS,TESTS,BENCHMARKS,EXAMPLES}=OFF
+  -DCMAKE_CXX_FLAGS="${analyzer[*]}" -DQUERYPACKAGE_WERROR=ON \
+  -DQUERYPACKAGE_{INSTALL,BUILD_TOOLS}=OFF
 cmake --build build/analyzer --target querypackage_rules querypackage_core
 echo "GCC's analyzer: clean"

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Downloads the files of Debian source packages, unpacking nothing.
+# Downloads the files of Debian source packages without unpacking them.
 #
 #   scripts/debian-sources.sh FOLDER SOURCE[=VERSION]...
 #
-# apt works in a folder of its own, without root's rights: a machine's lists often lack the sources.
+# apt works in a separate folder, without root's rights: a machine's lists often lack the sources.
 set -euo pipefail
 folder=$1
 shift
@@ -14,7 +14,7 @@ mkdir -p "$folder" "$apt/sources" "$apt/lists/partial" "$apt/cache/archives/part
 for file in /etc/apt/sources.list.d/*.sources; do
   [ ! -f "$file" ] || sed 's/^Types:.*/Types: deb-src/' "$file" >"$apt/sources/${file##*/}"
 done
-# apt reads no other endings: the main list becomes one of the others.
+# apt reads no other endings, so the main list becomes one of the others.
 for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
   [ ! -f "$file" ] || sed -nE 's/^deb(-src)?[[:space:]]+/deb-src /p' "$file" \
     >"$apt/sources/$(basename "$file" .list)-main.list"

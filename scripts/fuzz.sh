@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Builds the fuzzers and runs them all, two at a time, for about so many seconds together. The last
+# Builds the fuzzers and runs them all, two at a time, for about that many seconds in all. The last
 # lines say how many inputs each has run.
 #
 #   scripts/fuzz.sh SECONDS
 #
-# Each starts from the project's corpus and from what its earlier runs have kept in build/fuzz/corpus.
-# A finding ends its fuzzer, and this script then fails; the input stays in build/fuzz/findings, and
-# the fuzzer's output beside it says what was wrong.
+# Each starts from the project's corpus and from the inputs that earlier runs kept in
+# build/fuzz/corpus. A finding ends its fuzzer, and this script then fails; the input and the fuzzer's
+# output are in build/fuzz/findings.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 seconds=${1:?usage: scripts/fuzz.sh SECONDS}
@@ -18,17 +18,17 @@ scripts/setup.sh fuzz
 cmake --preset fuzz
 cmake --build --preset fuzz
 
-# The query target fills a folder for each input: in memory, where there is such a place.
+# The query target fills a folder for each input: in memory, if the system has such a folder.
 memory=/dev/shm
 [ -w "$memory" ] || memory=${TMPDIR:-/tmp}
 TMPDIR=$(mktemp -d "$memory/querypackage-fuzz.XXXXXX")
 export TMPDIR
 trap 'rm -rf "$TMPDIR"' EXIT
-# Little freed memory kept back and no stacks of allocations: most of the time would go into these.
-# A finding gives both when it is run again without this.
+# A small quarantine of freed memory and no stacks of allocations: most of the time would be spent on
+# them. To get both for a finding, run it again without these options.
 export ASAN_OPTIONS=quarantine_size_mb=8:malloc_context_size=0
 
-# The longest inputs of each, in bytes; what costs more than in proportion to the length gets less.
+# The longest inputs of each, in bytes; a target whose cost grows faster than the length gets less.
 declare -A longest=([reader]=2048 [markers]=4096 [values]=256 [query]=6144)
 findings=$build/findings
 mkdir -p "$findings"

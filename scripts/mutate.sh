@@ -7,15 +7,20 @@
 #   scripts/mutate.sh --survivors         prints what earlier runs have found
 #   scripts/mutate.sh --again [FILE...]   tries what survived once more, after a change of the tests
 #   scripts/mutate.sh --quick [FILE...]   leaves the slow tests for a run without it
+#   scripts/mutate.sh --changed-since REV [--minutes N]
+#                                         only lines that differ from REV, and no longer than that
+#   scripts/mutate.sh --check             finds explanations of changes that no longer exist
+#
+# FILE is a path in the module or the end of one, such as filters/sep.h or sep.h.
 #
 # Results go to build/mutate/results.txt as they come; a run goes on from there. A file that has
-# changed is tried anew. What makes no difference is explained in a table of docs/testing.md, and not
-# tried again; the script fails where a change survives that is not in it.
+# changed is tried anew. What makes no difference is explained in scripts/mutation/explained.toml, and not
+# tried again; the script fails when a change survives that is not in it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 case " $* " in
-  *" --list "* | *" --survivors "*) ;;
+  *" --list "* | *" --survivors "* | *" --check "*) ;;
   *) scripts/setup.sh test ;;
 esac
 exec python3 -B scripts/mutation "$@"

@@ -2,25 +2,46 @@
 # Installs what building and testing needs from Debian's packages, as root or through sudo.
 # What is there already costs nothing; everything that is printed goes to standard error.
 #
-#   scripts/setup.sh          what it takes to build
-#   scripts/setup.sh test     and to run all tests and checks
-#   scripts/setup.sh fuzz     and to fuzz; this takes Clang and its runtime libraries
+#   scripts/setup.sh [GROUP]...
+#
+#   build      what it takes to build the library and the program; always included
+#   test       to build and run the native tests and the benchmarks
+#   check      to format and analyze the sources
+#   sanitize   to test under sanitizers, built with Clang
+#   coverage   to measure line coverage
+#   windows    to build for Windows and test under Wine
+#   fuzz       to fuzz
+#   all        all of these
 set -euo pipefail
 
-packages=(g++ cmake ninja-build libboost-filesystem-dev libtinyxml-dev libspdlog-dev libfmt-dev
-          libcli11-dev nlohmann-json3-dev)
-if [ "${1:-build}" = fuzz ]; then
-  packages+=(clang libclang-rt-dev libgtest-dev libgmock-dev libboost-dev)
-fi
-if [ "${1:-build}" = test ]; then
-  packages+=(valgrind libgtest-dev libgmock-dev libboost-dev libbenchmark-dev gcovr locales git
-             clang-format clang-tidy cppcheck
-             # Windows: the compilers, Wine, and what it takes to build libraries from Debian's sources.
-             g++-mingw-w64-x86-64-posix clang wine64 dpkg-dev googletest)
-fi
+build=(g++ cmake ninja-build libboost-filesystem-dev libtinyxml-dev libspdlog-dev libfmt-dev
+       libcli11-dev nlohmann-json3-dev)
+# dpkg-dev is for TinyXML's sources without Debian's patches.
+tests=(libgtest-dev libgmock-dev libboost-dev locales git python3
+       python3-jsonschema dpkg-dev libbenchmark-dev valgrind)
+sanitize=(clang libclang-rt-dev lld)
+windows=(g++-mingw-w64-x86-64-posix clang wine64 googletest)
+check=(clang-format clang-tidy cppcheck shellcheck)
+
+packages=("${build[@]}")
+for group; do
+  case $group in
+    build) ;;
+    test) packages+=("${tests[@]}") ;;
+    check) packages+=("${tests[@]}" "${sanitize[@]}" "${check[@]}") ;;
+    sanitize | fuzz) packages+=("${tests[@]}" "${sanitize[@]}") ;;
+    coverage) packages+=("${tests[@]}" gcovr) ;;
+    windows) packages+=("${tests[@]}" "${windows[@]}") ;;
+    all) packages+=("${tests[@]}" "${sanitize[@]}" "${check[@]}" gcovr "${windows[@]}") ;;
+    *)
+      echo "setup: there is no group $group" >&2
+      exit 2
+      ;;
+  esac
+done
 
 missing=()
-for package in "${packages[@]}"; do
+for package in $(printf '%s\n' "${packages[@]}" | sort -u); do
   state=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
   [ "$state" = installed ] || missing+=("$package")
 done

@@ -1,13 +1,22 @@
 #!/usr/bin/env bash
-# clang-tidy over the library, the logging library and the command line.
+# clang-tidy over src.
 #
-#   scripts/tidy.sh [BUILD]    BUILD: a configured build folder, build/release by default
+#   scripts/tidy.sh [BUILD]    BUILD: a folder configured for Clang, build/asan by default
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-build=${1:-build/release}
-[ -f "$build/compile_commands.json" ] || cmake --preset release >&2
-run-clang-tidy -quiet -p "$build" "$PWD/src/.*\.cpp$" 2>/dev/null |
-  { grep -vE '^(clang-tidy-|[0-9]+ warnings)' || true; } |
-  tee "$build/tidy.txt"
-! grep -qE '(warning|error):' "$build/tidy.txt"
-echo "clang-tidy: clean"
+build=${1:-build/asan}
+[ -f "$build/compile_commands.json" ] || cmake --preset asan >&2
+
+# What clang-tidy writes to standard error is shown if it fails by itself.
+errors=$build/tidy-errors.txt
+run-clang-tidy -quiet -p "$build" "^$PWD/src/.*\.cpp$" >"$build/tidy.txt" 2>"$errors" || {
+  grep -E '(warning|error):' "$build/tidy.txt" "$errors" || cat "$errors"
+  exit 1
+}
+read=$(grep -c '^clang-tidy' "$build/tidy.txt" || true)
+[ "$read" -gt 0 ] || {
+  echo "clang-tidy: no source was read" >&2
+  exit 1
+}
+if grep -vE '^clang-tidy' "$build/tidy.txt" | grep -E '(warning|error):'; then exit 1; fi
+echo "clang-tidy: $read sources, clean"

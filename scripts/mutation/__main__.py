@@ -3,9 +3,14 @@
 import argparse
 import collections
 import pathlib
+import random
+import re
+import subprocess
+import time
 
 from build import Builder, build_tests, copy_sources
-from mutants import (SURVIVED, UNDECIDED, Equivalents, Results, mutants_of, source_files)
+from mutants import (MODULE, SURVIVED, UNDECIDED, Explanations, Results, files_named, mutants_of,
+                     source_files)
 from trial import Tests, outcome_of
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -15,15 +20,37 @@ WORK = ROOT / "build" / "mutate"
 def options_of_call():
     parser = argparse.ArgumentParser(prog="scripts/mutate.sh")
     mode = parser.add_mutually_exclusive_group()
+    mode.add_argument("--check", action="store_true",
+                      help="find explanations of changes that there are no longer")
     mode.add_argument("--list", action="store_true", help="print the changes, make none")
     mode.add_argument("--survivors", action="store_true", help="print what earlier runs found")
     mode.add_argument("--again", action="store_true", help="try what survived once more")
     parser.add_argument("--quick", action="store_true", help="leave the slow tests for later")
+    parser.add_argument("--changed-since", metavar="REV", help="only changes of lines that differ")
+    parser.add_argument("--minutes", type=float, metavar="N",
+                        help="begin no further trial after that time, without the build")
     parser.add_argument("files", nargs="*", metavar="FILE")
     return parser.parse_args()
 
 
-def try_changes(mutants, results, equivalents, again, quick):
+def changed_lines(rev):
+    """The numbers of the lines that differ from that revision, by path in the module."""
+    diff = subprocess.run(["git", "diff", "-U0", "--no-renames", "--relative", rev, "--", "."],
+                          cwd=ROOT / MODULE, check=True, stdout=subprocess.PIPE, text=True).stdout
+    lines = collections.defaultdict(set)
+    file = None
+    for line in diff.splitlines():
+        if line.startswith("+++ "):
+            file = line.removeprefix("+++ b/")
+        hunk = re.match(r"@@ -\S+ \+(\d+)(?:,(\d+))? @@", line)
+        if hunk:
+            begin, count = int(hunk[1]), int(hunk[2] or 1)
+            lines[file].update(range(begin, begin + count))
+    return lines
+
+
+def try_changes(mutants, results, equivalents, options):
+    again, quick = options.again, options.quick
     open_outcomes = (set() if quick else {UNDECIDED}) | ({SURVIVED, UNDECIDED} if again else set())
     wanted = [one for one in mutants if results.get(one) is None or
               (results.get(one) in open_outcomes and not equivalents.hold(one))]
@@ -35,7 +62,13 @@ def try_changes(mutants, results, equivalents, again, quick):
     builder = Builder(WORK)
     all_rounds = (False,) if quick else (False, True)
     tests = Tests(builder.build, all_rounds)
+    if options.minutes:  # a sample of all files
+        random.Random(0).shuffle(wanted)
+    begin = time.monotonic()
     for mutant in wanted:
+        if options.minutes and time.monotonic() - begin > 60 * options.minutes:
+            print("mutate: the time is over", flush=True)
+            break
         is_half_done = results.get(mutant) == UNDECIDED and not again
         outcome = outcome_of(mutant, builder, tests, (True,) if is_half_done else all_rounds)
         results.add(mutant, outcome)
@@ -51,7 +84,7 @@ def report(mutants, results, equivalents):
         outcome = results.get(mutant) or "not tried"
         if outcome in (SURVIVED, UNDECIDED):
             if equivalents.hold(mutant):
-                outcome = "survived, explained in docs/testing.md"
+                outcome = "survived, explained"
             else:
                 unexplained.append(f"{outcome}: {mutant.key}")
         counts[outcome] += 1
@@ -63,16 +96,25 @@ def report(mutants, results, equivalents):
 
 def main():
     options = options_of_call()
-    names = [pathlib.Path(file).name for file in options.files] or source_files(ROOT)
+    names = [file for name in options.files for file in files_named(ROOT, name)] or \
+        source_files(ROOT)
     mutants = [mutant for name in names for mutant in mutants_of(ROOT, name)]
+    equivalents = Explanations(pathlib.Path(__file__).with_name("explained.toml"))
+    if options.check:
+        everything = [one for name in source_files(ROOT) for one in mutants_of(ROOT, name)]
+        stale = equivalents.stale(everything)
+        print("".join(f"explains no change: {row}\n" for row in stale), end="")
+        return 1 if stale else 0
+    if options.changed_since:
+        lines = changed_lines(options.changed_since)
+        mutants = [mutant for mutant in mutants if mutant.line in lines[mutant.file]]
     if options.list:
         print("\n".join(mutant.key for mutant in mutants))
         return 0
     WORK.mkdir(parents=True, exist_ok=True)
     results = Results(WORK / "results.txt")
-    equivalents = Equivalents(ROOT / "docs" / "testing.md")
     if not options.survivors:
-        try_changes(mutants, results, equivalents, options.again, options.quick)
+        try_changes(mutants, results, equivalents, options)
     return 0 if report(mutants, results, equivalents) else 1
 
 

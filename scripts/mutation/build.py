@@ -43,7 +43,7 @@ def build_tests(copy, build):
     without = [f"-DQUERYPACKAGE_BUILD_{part}=OFF" for part in ("TOOLS", "EXAMPLES", "BENCHMARKS")]
     run_quietly(["cmake", "-S", copy, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
                  "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g0", "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=gold",
-                 "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON", "-DQUERYPACKAGE_TEST_UNPATCHED_TINYXML=OFF",
+                 "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON", "-DQUERYPACKAGE_BUILD_TESTS=ON",
                  *without])
     run_quietly(["cmake", "--build", build, "-j", "1", "--target", *PROGRAMS])
 
@@ -53,7 +53,8 @@ class Builder:
 
     def __init__(self, work):
         self.build = work / "build"
-        self._sources = work / "src" / MODULE
+        self._root = work / "src"
+        self._sources = self._root / MODULE
         self._folder = work / "mutant"
         self._includes = work / "includes"
         self._environment = {**os.environ, "CCACHE_DISABLE": "1"}
@@ -62,29 +63,38 @@ class Builder:
         self._prepared = {}
 
     def _read_calls(self):
-        """The compiler's calls by the names of the rules' and stages' sources."""
+        """The compiler's calls by the sources' paths: those of the module, as paths in it, and
+        those of the tests, as paths in the project, for the headers that they include."""
         entries = json.loads((self.build / "compile_commands.json").read_text())
-        return {pathlib.Path(entry["file"]).name: shlex.split(entry["command"])
-                for entry in entries
-                if re.search(r"/querypackage_(rules|core)\.dir/", entry["command"])}
+        targets = r"/(querypackage_(rules|core|test_support)|unit_tests|pipeline_tests)\.dir/"
+        return {self._name_of(pathlib.Path(entry["file"])): shlex.split(entry["command"])
+                for entry in entries if re.search(targets, entry["command"])}
+
+    def _name_of(self, path):
+        return str(path.relative_to(self._sources if path.is_relative_to(self._sources)
+                                    else self._root))
 
     def compile(self, mutant):
-        """The changed objects by the ones that they stand for; None if one does not compile."""
+        """The changed objects by the ones that they replace; None if one does not compile."""
         shutil.rmtree(self._folder, ignore_errors=True)
+        module = self._folder / "module"
         if mutant.file in self._calls:
-            self._folder.mkdir()
-            sources = [mutant.file]
-            options = ["-include", str(self._prepare(mutant.file))]
+            (module / mutant.file).parent.mkdir(parents=True)
+            sources = {mutant.file: module / mutant.file}
+            # A source includes its own header without its folder.
+            options = ["-include", str(self._prepare(mutant.file)),
+                       "-I", str((self._sources / mutant.file).parent)]
         else:
-            # Quoted includes look beside the including file first.
-            shutil.copytree(self._sources, self._folder)
-            sources, options = self._users_of(mutant.file), []
-        (self._folder / mutant.file).write_text(mutant.text)
+            # Quoted includes look beside the including file first, so everything is copied.
+            shutil.copytree(self._sources, module)
+            sources = {name: self._root / name if name.startswith("tests/") else module / name
+                       for name in self._users_of(mutant.file)}
+            options = ["-I", str(module)]
+        (module / mutant.file).write_text(mutant.text)
         objects = {}
-        for name in sources:
-            made = str(self._folder / f"{name}.o")
-            if not self._call([*self._compiler(name), *options, "-c", str(self._folder / name),
-                               "-o", made]):
+        for number, (name, path) in enumerate(sources.items()):
+            made = str(self._folder / f"{number}.o")
+            if not self._call([*self._compiler(name, options), "-c", str(path), "-o", made]):
                 return None
             call = self._calls[name]
             objects[call[call.index("-o") + 1]] = made
@@ -103,14 +113,16 @@ class Builder:
         return [part for part in shlex.split(commands.strip().splitlines()[-1])
                 if part not in (":", "&&")]
 
-    def _compiler(self, name):
-        """The compiler's call without its files. A warning is no reason to leave a change out."""
+    def _compiler(self, name, options=()):
+        """The compiler's call without its files, the options first. A warning is no reason to
+        leave a change out."""
         kept, skips = [], False
         for part in self._calls[name]:
             if not skips and part not in ("-o", "-c", "-MD", "-MT", "-MF", "-Werror"):
                 kept.append(part)
             skips = part in ("-o", "-c", "-MT", "-MF")
-        return kept + ["-w"]
+        first = next(i for i, part in enumerate(kept) if part.startswith("-"))
+        return [*kept[:first], *options, *kept[first:], "-w"]
 
     def _call(self, command):
         return subprocess.run(command, cwd=self.build, env=self._environment,
@@ -120,20 +132,30 @@ class Builder:
         """A header of the file's includes, compiled once: they are most of a compilation."""
         if name not in self._prepared:
             self._includes.mkdir(exist_ok=True)
-            header = self._includes / f"of_{name}.h"
+            header = self._includes / f"of_{name.replace('/', '_')}.h"
             lines = (self._sources / name).read_text().splitlines()
             header.write_text("".join(f"{line}\n" for line in lines if line.startswith("#include")))
-            run_quietly([*self._compiler(name), "-x", "c++-header", str(header), "-o",
+            beside = ["-I", str((self._sources / name).parent)]
+            run_quietly([*self._compiler(name, beside), "-x", "c++-header", str(header), "-o",
                          f"{header}.gch"], cwd=self.build, env=self._environment)
             self._prepared[name] = header
         return self._prepared[name]
 
     def _users_of(self, header):
         """The sources that include this header, themselves or through other headers."""
-        texts = {path.name: path.read_text() for path in self._sources.glob("*.[ch]*")}
-        found, grown = set(), {header}
+        paths = [path for folder in (self._sources, self._root / "tests")
+                 for path in folder.rglob("*.[ch]*")]
+        included = {path: {self._included_by(path, name) for name in
+                           re.findall(r'^#include "([^"]+)"', path.read_text(), re.M)}
+                    for path in paths}
+        found, grown = set(), {self._sources / header}
         while grown != found:
             found = grown
-            grown = found | {name for name, text in texts.items()
-                             if any(f'#include "{one}"' in text for one in found)}
-        return sorted(name for name in found if name in self._calls)
+            grown = found | {path for path, includes in included.items() if includes & found}
+        return sorted(name for name in map(self._name_of, found) if name in self._calls)
+
+    def _included_by(self, path, name):
+        """The file that an #include finds; None for one of another library."""
+        folders = (path.parent, self._sources, self._root / "tests" / "support")
+        files = (folder / name for folder in folders)
+        return next((file for file in files if file.is_file()), None)

@@ -1,4 +1,4 @@
-"""Small changes of C++ source text, as scripts/mutate.py tries them. Relies on the layout that
+"""Small changes of C++ source text, as scripts/mutate.sh tries them. Relies on the layout that
 clang-format gives: blanks around binary operators and around comparisons, none in templates."""
 
 import dataclasses
@@ -224,3 +224,77 @@ def find_changes(text):
         changes.update(kind(text, tokens))
     changes = without_assertions(text, tokens, changes)
     return sorted(changes, key=lambda change: (change.begin, change.end, change.after))
+
+
+# --- which function a change is in ---
+
+SCOPES = ("namespace", "class", "struct", "union", "enum")
+
+
+def name_in_head(head):
+    """The name that the tokens before a body or an end of a declaration declare."""
+    texts = [token.text for token in head]
+    for end in ("(", "=", "{", ";"):
+        if end in texts:
+            head = head[:texts.index(end)]
+            texts = texts[:texts.index(end)]
+    if "operator" in texts:
+        return "".join(texts[texts.index("operator"):])
+    names = []
+    for token in reversed(head):
+        is_joint = token.text in ("::", "~")
+        if token.kind != "word" and not is_joint:
+            if names:
+                break
+            continue
+        if names and names[-1] not in ("::", "~") and not is_joint:
+            break
+        names.append(token.text)
+    return "".join(reversed(names))
+
+
+def scope_name(head):
+    words = [token.text for token in head if token.kind == "word"]
+    words = [word for word in words if word not in ("final", "enum", "class", "struct", "union")]
+    is_class = head and not any(token.text == "namespace" for token in head)
+    return words[0] + "::" if is_class and words else ""
+
+
+def declarations_of(tokens):
+    """(begin, end, name) of the outermost functions and variables, of members too."""
+    found = []
+    scopes = []  # names of the open namespaces and classes
+    start = i = 0
+    while i < len(tokens):
+        text = tokens[i].text if tokens[i].kind == "operator" else ""
+        head = tokens[start:i + 1]
+        if text == "{" and any(token.text in SCOPES for token in head) and \
+                not any(token.text == "(" for token in head):
+            scopes.append(scope_name(head[:-1]))
+            start = i + 1
+        elif text in ("(", "[", "{"):
+            i = closing(tokens, i)
+            following = tokens[i + 1].text if i + 1 < len(tokens) else ";"
+            # The body of a function ends its definition; a brace initializer does not.
+            if text == "{" and following not in (";", ",", "{", ")"):
+                found.append((start, i, "".join(scopes) + name_in_head(head)))
+                start = i + 1
+        elif text == "}":
+            if scopes:
+                scopes.pop()
+            start = i + 1
+        elif text == ";":
+            if start < i:
+                found.append((start, i, "".join(scopes) + name_in_head(head)))
+            start = i + 1
+        elif text == ":" and i and tokens[i - 1].text in ("public", "private", "protected"):
+            start = i + 1
+        i += 1
+    return [(tokens[first].begin, tokens[last].end, name) for first, last, name in found]
+
+
+def function_at(declarations, place):
+    for begin, end, name in declarations:
+        if begin <= place < end:
+            return name
+    return ""

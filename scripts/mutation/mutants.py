@@ -1,9 +1,11 @@
 """The changes to try, what is known of each, and which ones make no difference."""
 
+import collections
 import dataclasses
 import hashlib
 import pathlib
 import re
+import tomllib
 
 import changes
 
@@ -17,11 +19,13 @@ UNCOMPILED = "does not compile"
 
 @dataclasses.dataclass(frozen=True)
 class Mutant:
-    file: str
+    file: str  # its path in the module
     checksum: str  # of the file that is changed
     line: int
     column: int
+    function: str  # or variable; empty outside any
     source: str  # the line where the change begins
+    nth: int  # among the same changes of such lines in the function, from 1
     before: str
     after: str
     text: str  # of the whole file, changed
@@ -34,29 +38,52 @@ class Mutant:
     def change(self):
         return "removed" if self.after in ("", ";") else f"{self.before} => {self.after}"
 
+    @property
+    def identity(self):
+        """What stays the same when other functions change."""
+        return (self.file, self.function, self.source, self.change, self.nth)
+
 
 def one_line(text):
     return re.sub(r"\s+", " ", text).strip()
 
 
 def source_files(root):
-    """The rules and the stages, as file names."""
-    return sorted(path.name for path in (root / MODULE).iterdir()
+    """The rules and the stages, headers included, as paths in the module."""
+    module = root / MODULE
+    return sorted(str(path.relative_to(module)) for path in module.rglob("*")
                   if path.suffix in (".cpp", ".h") and path.name not in OTHERS_TEST)
+
+
+def files_named(root, name):
+    """The paths in the module that end in this path."""
+    known = source_files(root)
+    wanted = pathlib.PurePath(name).parts
+    found = [file for file in known if pathlib.PurePath(file).parts[-len(wanted):] == wanted]
+    if not found and pathlib.PurePath(name).is_relative_to(MODULE):
+        found = [str(pathlib.PurePath(name).relative_to(MODULE))]
+    if not set(found) <= set(known) or not found:
+        raise SystemExit(f"mutate: no source of {MODULE} is named {name}")
+    return found
 
 
 def mutants_of(root, file):
     text = (root / MODULE / file).read_text()
     checksum = hashlib.sha256(text.encode()).hexdigest()[:12]
+    declarations = changes.declarations_of(changes.tokens_of(text))
+    counts = collections.Counter()
     for change in changes.find_changes(text):
         line_begin = text.rfind("\n", 0, change.begin) + 1
-        yield Mutant(file=file, checksum=checksum,
-                     line=text.count("\n", 0, change.begin) + 1,
-                     column=change.begin - line_begin + 1,
-                     source=text[line_begin:text.index("\n", change.begin)].strip(),
-                     before=one_line(text[change.begin:change.end]),
-                     after=one_line(change.after),
-                     text=text[:change.begin] + change.after + text[change.end:])
+        mutant = Mutant(file=file, checksum=checksum,
+                        line=text.count("\n", 0, change.begin) + 1,
+                        column=change.begin - line_begin + 1,
+                        function=changes.function_at(declarations, change.begin),
+                        source=text[line_begin:text.index("\n", change.begin)].strip(), nth=1,
+                        before=one_line(text[change.begin:change.end]),
+                        after=one_line(change.after),
+                        text=text[:change.begin] + change.after + text[change.end:])
+        counts[mutant.identity] += 1
+        yield dataclasses.replace(mutant, nth=counts[mutant.identity])
 
 
 class Results:
@@ -79,32 +106,23 @@ class Results:
             out.write(f"{mutant.checksum}\t{outcome}\t{mutant.key}\n")
 
 
-class Equivalents:
-    """The table of changes that make no difference, from a Markdown document: file, line, change
-    and reason. A star in the first three stands for any text."""
+class Explanations:
+    """Why changes make no difference: explained.toml. A row has the file, the function, the line
+    where the change begins, the change, its number where the function has more than one of these
+    (nth), and the reason. It explains one change."""
 
-    HEADER = ["File", "Line", "Change", "Why nothing can notice it"]
-
-    def __init__(self, document):
-        self._rows = []
-        inside = False
-        for line in document.read_text().splitlines():
-            cells = [cell.strip().strip("`").replace("\\|", "|")
-                     for cell in re.split(r"(?<!\\)\|", line)[1:-1]]
-            if cells == self.HEADER:
-                inside = True
-            elif not cells:
-                inside = False
-            elif inside and set(cells[0]) != {"-"}:
-                self._rows.append([self._pattern(cell) for cell in cells[:3]])
-
-    @staticmethod
-    def _pattern(cell):
-        return re.compile(".*".join(map(re.escape, cell.split("*"))))
+    def __init__(self, path):
+        rows = tomllib.loads(path.read_text()).get("change", [])
+        self._rows = set()
+        for row in rows:
+            identity = (row["file"], row["function"], row["line"], row["change"], row.get("nth", 1))
+            if identity in self._rows or not row["reason"]:
+                raise SystemExit(f"mutate: {path.name}: twice, or without a reason: {identity}")
+            self._rows.add(identity)
 
     def hold(self, mutant):
-        for row in self._rows:
-            texts = (mutant.file, mutant.source, mutant.change)
-            if all(pattern.fullmatch(text) for pattern, text in zip(row, texts)):
-                return True
-        return False
+        return mutant.identity in self._rows
+
+    def stale(self, mutants):
+        """The rows that explain none of all changes."""
+        return sorted(self._rows - {mutant.identity for mutant in mutants})

@@ -3,8 +3,6 @@
 #include <functional>
 
 #ifndef _WIN32
-#include <sys/resource.h>
-
 #include <cerrno>
 
 #include "folder_listing.h"
@@ -311,28 +309,11 @@ TEST_F(StagesTest, WalkThatFailsKeepsTheVectorAndCallsNoCallback) {
   EXPECT_EQ(callback.calls, Lines{});
 }
 
-// While it lives, the process can open nothing more.
-class NoMoreFiles {
- public:
-  NoMoreFiles() {
-    EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &before_), 0);
-    rlimit none = before_;
-    none.rlim_cur = 0;
-    EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
-  }
-  ~NoMoreFiles() { EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &before_), 0); }
-  NoMoreFiles(const NoMoreFiles&) = delete;
-  NoMoreFiles& operator=(const NoMoreFiles&) = delete;
-
- private:
-  rlimit before_{};
-};
-
 TEST_F(StagesTest, ListingThatCannotBeOpenedFailsTheQuery) {
   WriteIndividual("a.xml");
   results = {RecordOf("of the host")};
   {
-    const NoMoreFiles none;
+    const FoldersCannotBeOpened fault(EMFILE);
     EXPECT_EQ(Run(), QueryCode::FolderFailed);
   }
   EXPECT_EQ(Codes(), Lines{"of the host"});

@@ -28,6 +28,12 @@ std::optional<Fault>& PlannedFault() {
   return fault;
 }
 
+// 0: folders can be opened.
+int& PlannedOpenError() {
+  static int errorNumber = 0;
+  return errorNumber;
+}
+
 struct FreeEntry {
   void operator()(dirent64* entry) const { ::operator delete(entry); }
 };
@@ -87,10 +93,22 @@ FolderListing::FolderListing(std::size_t entries, int errorNumber) {
 
 FolderListing::~FolderListing() { PlannedFault().reset(); }
 
+FoldersCannotBeOpened::FoldersCannotBeOpened(int errorNumber) { PlannedOpenError() = errorNumber; }
+
+FoldersCannotBeOpened::~FoldersCannotBeOpened() { PlannedOpenError() = 0; }
+
 }  // namespace Vornik::Testing
 
 // Visible, so that the file-system library finds these in the place of the C library's own.
 #define EXPORTED extern "C" __attribute__((visibility("default")))
+
+EXPORTED DIR* opendir(const char* path) {
+  using Opendir = DIR* (*)(const char*);
+  static const auto next = reinterpret_cast<Opendir>(dlsym(RTLD_NEXT, "opendir"));
+  if (Vornik::Testing::PlannedOpenError() == 0) return next(path);
+  errno = Vornik::Testing::PlannedOpenError();
+  return nullptr;
+}
 
 EXPORTED dirent64* readdir64(DIR* folder) {
   return Vornik::Testing::Listings::Instance().Next(folder);
@@ -109,6 +127,8 @@ namespace Vornik::Testing {
 
 FolderListing::FolderListing(std::size_t, int) {}
 FolderListing::~FolderListing() = default;
+FoldersCannotBeOpened::FoldersCannotBeOpened(int) {}
+FoldersCannotBeOpened::~FoldersCannotBeOpened() = default;
 
 }  // namespace Vornik::Testing
 

@@ -11,18 +11,27 @@ namespace Vornik::Benchmarks {
 namespace fs = boost::filesystem;
 
 void SetUp(QueryPackageImp& query) {
-  query.osValue = static_cast<OsValue>(10);
-  query.arcValue = static_cast<ArcValue>(9);
-  query.machineType = "1234";
+  query.osValue = static_cast<OsValue>(operatingSystem);
+  query.arcValue = static_cast<ArcValue>(architecture);
+  query.machineType = machineType;
   query.includePackageIds = {CodeOf(1), CodeOf(2)};
   query.excludePackageIds = {CodeOf(3), CodeOf(4)};
   query.updateTypes = {static_cast<UpdateType>(1), static_cast<UpdateType>(3)};
 }
 
-TemporaryRepository::TemporaryRepository(std::size_t packages, std::size_t packs,
-                                         std::size_t membersOfAPack)
+TemporaryRepository::TemporaryRepository()
     : folder_(fs::temp_directory_path() / fs::unique_path()) {
   fs::create_directories(folder_);
+}
+
+TemporaryRepository::TemporaryRepository(std::size_t packages, DriverShape shape)
+    : TemporaryRepository() {
+  WriteRepository(folder_.string(), packages, shape);
+}
+
+TemporaryRepository::TemporaryRepository(std::size_t packages, std::size_t packs,
+                                         std::size_t membersOfAPack)
+    : TemporaryRepository() {
   WriteRepository(folder_.string(), packages);
   for (std::size_t pack = 0; pack < packs; ++pack) {
     WritePack(folder_.string(), pack, pack * membersOfAPack, membersOfAPack);

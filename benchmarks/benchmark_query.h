@@ -4,6 +4,7 @@
 
 #include <boost/filesystem/path.hpp>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include "querypackageimp.h"
@@ -14,11 +15,18 @@ namespace Vornik::Benchmarks {
 // All four switches on, all three lists set.
 void SetUp(QueryPackageImp& query);
 
+// The machine that it asks about.
+inline constexpr char machineType[] = "1234";
+inline constexpr char otherMachineType[] = "5678";  // packages name it with another system
+inline constexpr std::uint32_t operatingSystem = 10;
+inline constexpr std::uint32_t architecture = 9;
+
 // A generated repository in its own folder, removed at the end.
 class TemporaryRepository {
  public:
   explicit TemporaryRepository(std::size_t packages, std::size_t packs = 0,
                                std::size_t membersOfAPack = 0);
+  TemporaryRepository(std::size_t packages, DriverShape shape);
   ~TemporaryRepository();
   TemporaryRepository(const TemporaryRepository&) = delete;
   TemporaryRepository& operator=(const TemporaryRepository&) = delete;
@@ -26,6 +34,8 @@ class TemporaryRepository {
   std::string Folder() const { return folder_.string(); }
 
  private:
+  TemporaryRepository();
+
   boost::filesystem::path folder_;
 };
 

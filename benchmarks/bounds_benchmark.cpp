@@ -2,14 +2,16 @@
 // Prints a table, or JSON.
 //
 //   bounds_benchmark [--json] [--check] [--tolerance PERCENT] [--cpu] [--size PACKAGES]
-//                    [--pairs PAIRS] [--row NUMBER]
+//                    [--pairs PAIRS] [--row NUMBER] [--program FILE]
 //
 // --check fails when a ratio is over its bound by more than the tolerance, 10 % by default.
 // --cpu counts processor time in place of the clock's, for a machine that does other work as well.
+// --program also measures querypackage-cli, as FILE, always in processor time.
 // --size takes the place of 10,000 packages, and all other sizes shrink or grow with it.
 #include <LogSettings.h>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -25,6 +27,7 @@
 
 #include "benchmark_query.h"
 #include "paired_timing.h"
+#include "program_time.h"
 
 namespace Vornik::Benchmarks {
 namespace {
@@ -35,6 +38,7 @@ struct Options {
   std::size_t size = 10'000;
   std::size_t pairs = 15;
   std::size_t row = 0;  // 0: all
+  std::string program;  // empty: its rows are left out
   bool json = false;
   bool check = false;
   double tolerance = 10;  // percent of a bound
@@ -58,10 +62,17 @@ class Bounds {
       : program_(std::move(program)), options_(options) {}
 
   std::vector<Row> Run() {
-    const std::function<void()> groups[] = {
-        [this] { QueryAgainstLoading(); }, [this] { GrowthOfQuery(); }, [this] { Packs(); },
-        [this] { GrowthOfFilters(); },     [this] { Supersede(); },     [this] { IdLists(); },
-        [this] { PeakMemory(); },          [this] { Logging(); },       [this] { SecondQuery(); }};
+    const std::function<void()> groups[] = {[this] { QueryAgainstLoading(); },
+                                            [this] { GrowthOfQuery(); },
+                                            [this] { Packs(); },
+                                            [this] { GrowthOfFilters(); },
+                                            [this] { Supersede(); },
+                                            [this] { IdLists(); },
+                                            [this] { PeakMemory(); },
+                                            [this] { Logging(); },
+                                            [this] { SecondQuery(); },
+                                            [this] { Program(); },
+                                            [this] { GrowthOfProgram(); }};
     std::size_t number = 0;
     for (const auto& group : groups) {
       if (++number == options_.row || options_.row == 0) group();
@@ -236,6 +247,77 @@ class Bounds {
     Add("second query on one object / the first", MedianOf(std::move(ratios)), 2.2);
   }
 
+  struct Subcommand {
+    std::string name;
+    std::vector<std::string> arguments;  // but for the folder
+    double bound;
+  };
+
+  // The package that is explained: the machine has its type, but another operating system, and with
+  // other settings it is ranked with 99 others.
+  static std::vector<Subcommand> Subcommands() {
+    const auto with = [](std::vector<std::string> arguments, const char* machine) {
+      for (const std::string& more : {std::string("--machine-type"), std::string(machine),
+                                      std::string("--os"), fmt::format("{}", operatingSystem),
+                                      std::string("--arch"), fmt::format("{}", architecture)}) {
+        arguments.push_back(more);
+      }
+      return arguments;
+    };
+    return {{"query --format table", with({"query", "--format", "table"}, machineType), 2.0},
+            {"query --format json", with({"query", "--format", "json"}, machineType), 2.5},
+            {"lint", {"lint"}, 3},
+            {"explain", with({"explain", "--package", CodeOf(37)}, otherMachineType), 3.5}};
+  }
+
+  double TimeProgram(const Subcommand& subcommand, const TemporaryRepository& repository) const {
+    std::vector<std::string> command{options_.program};
+    command.insert(command.end(), subcommand.arguments.begin(), subcommand.arguments.end());
+    command.push_back(repository.Folder());
+    return ProcessorTimeOf(command);
+  }
+
+  // The library's query of the same settings as the subcommands'.
+  static double TimePlainQuery(const TemporaryRepository& repository) {
+    QueryPackageImp query;
+    query.xmlPackageFolder = repository.Folder();
+    query.machineType = machineType;
+    query.osValue = static_cast<OsValue>(operatingSystem);
+    query.arcValue = static_cast<ArcValue>(architecture);
+    Results results;
+    return TimeOf([&] { query.RunQuery(results); });
+  }
+
+  void Program() {
+    if (options_.program.empty()) return;
+    const Clock before = std::exchange(timingClock, Clock::Processor);
+    const TemporaryRepository repository(options_.size, DriverShape::Hundreds);
+    for (const Subcommand& subcommand : Subcommands()) {
+      Add(subcommand.name + " / RunQuery",
+          Time([&] { return TimeProgram(subcommand, repository); },
+               [&] { return TimePlainQuery(repository); }),
+          subcommand.bound);
+    }
+    timingClock = before;
+  }
+
+  void GrowthOfProgram() {
+    if (options_.program.empty()) return;
+    const std::size_t many = options_.size * 5;
+    const TemporaryRepository small(options_.size, DriverShape::Hundreds);
+    const TemporaryRepository large(many, DriverShape::Hundreds);
+    for (const Subcommand& subcommand : Subcommands()) {
+      const auto perPackage = [&](const TemporaryRepository& repository, std::size_t packages) {
+        return TimeProgram(subcommand, repository) / static_cast<double>(packages);
+      };
+      Add(fmt::format("{}, a package of {} / of {}", subcommand.name, many, options_.size),
+          TimePairs(
+              std::min<std::size_t>(options_.pairs, 3), [&] { return perPackage(large, many); },
+              [&] { return perPackage(small, options_.size); }),
+          1.25);
+    }
+  }
+
   std::string program_;
   Options options_;
   std::vector<Row> rows_;
@@ -308,6 +390,8 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
       options.size = std::stoul(value());
     } else if (*argument == "--pairs") {
       options.pairs = std::stoul(value());
+    } else if (*argument == "--program") {
+      options.program = value();
     } else if (*argument == "--row") {
       options.row = std::stoul(value());
     } else {

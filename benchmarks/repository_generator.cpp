@@ -20,13 +20,25 @@ void WriteFile(const std::string& path, const std::string& bytes) {
 }
 
 std::size_t FamilyOf(std::size_t number, DriverShape shape) {
-  return shape == DriverShape::Families ? number / packagesPerFamily : 0;
+  switch (shape) {
+    case DriverShape::Families:
+      return number / packagesPerFamily;
+    case DriverShape::Hundreds:
+      return number / 100;
+    case DriverShape::OneAllDistinct:
+    case DriverShape::OneAllEqual:
+    case DriverShape::OneOfTen:
+      break;
+  }
+  return 0;
 }
 
 std::size_t VersionOf(std::size_t number, DriverShape shape) {
   switch (shape) {
     case DriverShape::Families:
       return number % packagesPerFamily;
+    case DriverShape::Hundreds:
+      return number * 37 % 100;  // in no order
     case DriverShape::OneAllDistinct:
       return number * 7'919 % 1'000'003;  // in no order
     case DriverShape::OneAllEqual:
@@ -114,13 +126,13 @@ SupXmlProperties PropertiesOf(std::size_t number, DriverShape shape) {
   return properties;
 }
 
-std::string DescriptorOf(std::size_t number) {
-  return head + InstanceOf(PropertiesOf(number), packageClass) + tail;
+std::string DescriptorOf(std::size_t number, DriverShape shape) {
+  return head + InstanceOf(PropertiesOf(number, shape), packageClass) + tail;
 }
 
-void WriteRepository(const std::string& folder, std::size_t packages) {
+void WriteRepository(const std::string& folder, std::size_t packages, DriverShape shape) {
   for (std::size_t i = 0; i < packages; ++i) {
-    WriteFile(PathInFolder(folder, FileNameOf(i)), DescriptorOf(i));
+    WriteFile(PathInFolder(folder, FileNameOf(i)), DescriptorOf(i, shape));
     WriteFile(PathInFolder(folder, PayloadOf(i)), "payload");
   }
 }

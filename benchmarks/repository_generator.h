@@ -19,6 +19,7 @@ std::string CodeOf(std::size_t number);
 // Which packages share a driver file, and how their versions differ.
 enum class DriverShape {
   Families,        // packagesPerFamily versions of each driver
+  Hundreds,        // 100 packages deliver each driver, each with its own version
   OneAllDistinct,  // all packages deliver one driver, each with its own version
   OneAllEqual,     // the same, all with the same version
   OneOfTen,        // the same, with ten versions
@@ -28,10 +29,11 @@ enum class DriverShape {
 SupXmlProperties PropertiesOf(std::size_t number, DriverShape shape = DriverShape::Families);
 
 // Its descriptor.
-std::string DescriptorOf(std::size_t number);
+std::string DescriptorOf(std::size_t number, DriverShape shape = DriverShape::Families);
 
 // Writes that many descriptors, and a payload for each, into an existing folder.
-void WriteRepository(const std::string& folder, std::size_t packages);
+void WriteRepository(const std::string& folder, std::size_t packages,
+                     DriverShape shape = DriverShape::Families);
 
 // Writes a pack that lists the packages from first on.
 void WritePack(const std::string& folder, std::size_t pack, std::size_t first,

@@ -21,17 +21,19 @@ esac
 scripts/setup.sh test
 {
   cmake --preset release
-  cmake --build --preset release --target bounds_benchmark query_benchmark instruction_probe
+  cmake --build --preset release --target bounds_benchmark query_benchmark instruction_probe \
+    querypackage-cli
 } >&2
 programs=build/release/benchmarks
+bounds=("$programs/bounds_benchmark" --program build/release/src/app/querypackage-cli/querypackage-cli)
 
-if [ "$mode" = --json ]; then exec "$programs/bounds_benchmark" --json; fi
+if [ "$mode" = --json ]; then exec "${bounds[@]}" --json; fi
 
 failed=0
 if [ "$mode" = --check ]; then
-  "$programs/bounds_benchmark" --check --cpu || failed=1
+  "${bounds[@]}" --check --cpu || failed=1
 else
-  "$programs/bounds_benchmark"
+  "${bounds[@]}"
 fi
 
 # The instructions of each filter as callgrind counts them, as sorted "FILTER COUNT" lines.

@@ -6,8 +6,11 @@
 #include <charconv>
 #include <cstdint>
 #include <limits>
+#include <variant>
+#include <vector>
 
 #include "commands/parser.h"
+#include "model/filter_table.h"
 
 namespace Vornik::Cli {
 
@@ -43,15 +46,26 @@ void AddCode(CLI::App& command, const std::string& name, Code& code, const std::
       ->required();
 }
 
-void AddIds(CLI::App& command, const std::string& name, std::vector<std::string>& ids,
-            const std::string& help) {
-  AddRepeated(
-      command, name, "ID", [&ids](const std::string& id) { ids.push_back(id); }, help);
+void AddFilterOption(CLI::App& command, const FilterSetting& setting, bool& filter) {
+  command.add_flag_callback(
+      setting.option, [&filter] { filter = false; }, setting.help);
 }
 
-void AddSwitch(CLI::App& command, const std::string& name, bool& filter, const std::string& help) {
-  command.add_flag_callback(
-      name, [&filter] { filter = false; }, help);
+void AddFilterOption(CLI::App& command, const FilterSetting& setting,
+                     std::vector<std::string>& list) {
+  AddRepeated(
+      command, setting.option, setting.item,
+      [&list](const std::string& text) { list.push_back(text); }, setting.help);
+}
+
+void AddFilterOption(CLI::App& command, const FilterSetting& setting,
+                     std::vector<UpdateType>& list) {
+  AddRepeated(
+      command, setting.option, setting.item,
+      [&list, option = setting.option](const std::string& text) {
+        list.push_back(static_cast<UpdateType>(ParseNumber<std::int32_t>(option, text)));
+      },
+      setting.help);
 }
 
 }  // namespace
@@ -73,28 +87,10 @@ void AddQuerySettings(CLI::App& command, QuerySettings& settings) {
           "Operating-system code, 1 to 4294967295, as the descriptors use it");
   AddCode(command, "--arch", settings.arcValue,
           "Architecture code, 1 to 4294967295, as the descriptors use it");
-  AddRepeated(
-      command, "--update-type", "N",
-      [&settings](const std::string& text) {
-        const auto number = ParseNumber<std::int32_t>("--update-type", text);
-        settings.updateTypes.push_back(static_cast<UpdateType>(number));
-      },
-      "Update type that is wanted, -2147483648 to 2147483647;\n99 is any. Repeatable; without it "
-      "the filter is off");
-  AddIds(command, "--include", settings.includePackageIds,
-         "Identification code that is wanted, in any case.\nRepeatable; without it the filter is "
-         "off");
-  AddIds(command, "--exclude", settings.excludePackageIds,
-         "Identification code that is not wanted, in any case.\nRepeatable; without it the filter "
-         "is off");
-  AddSwitch(command, "--no-kovu-filter", settings.kovuFilter,
-            "Do not judge whether a package comes from the machine's pack");
-  AddSwitch(command, "--no-sep-filter", settings.sepFilter,
-            "Do not judge whether a package is a Sep package");
-  AddSwitch(command, "--no-payload-exist-filter", settings.payloadExistFilter,
-            "Do not judge whether a package's files are in the folder");
-  AddSwitch(command, "--no-supersede-filter", settings.supersedeFilter,
-            "Do not judge whether a package is replaced by another one");
+  for (const FilterSetting& setting : FilterSettings()) {
+    std::visit([&](auto member) { AddFilterOption(command, setting, settings.*member); },
+               setting.member);
+  }
 }
 
 void AddPackage(CLI::App& command, std::string& package) {
@@ -167,18 +163,6 @@ bool ApplyLogOptions(const LogOptions& log, std::string& reason) {
   file.path = log.file;
   file.maxBytes = mostLogBytes;
   return LogToFile(file, &reason);
-}
-
-void ApplySettings(const QuerySettings& settings, QueryPackage& query) {
-  query.SetXMLPackageFolder(settings.folder);
-  query.SetPlatform(settings.osValue, settings.arcValue, settings.machineType);
-  query.SetUpdateTypes(settings.updateTypes);
-  query.SetIncludePackageIDs(settings.includePackageIds);
-  query.SetExcludePackageIDs(settings.excludePackageIds);
-  query.SetKovuFilter(settings.kovuFilter);
-  query.SetSepFilter(settings.sepFilter);
-  query.SetPayloadExistFilter(settings.payloadExistFilter);
-  query.SetSupersedeFilter(settings.supersedeFilter);
 }
 
 }  // namespace Vornik::Cli

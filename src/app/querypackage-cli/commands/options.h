@@ -5,9 +5,8 @@
 
 #include <functional>
 #include <string>
-#include <vector>
 
-#include "QueryPackage.h"
+#include "model/query_settings.h"
 
 namespace CLI {
 class App;
@@ -15,21 +14,6 @@ class Option;
 }  // namespace CLI
 
 namespace Vornik::Cli {
-
-// The settings of a query, as QueryPackage's setters take them.
-struct QuerySettings {
-  std::string folder;
-  std::string machineType;
-  OsValue osValue = OsValue::NotSet;
-  ArcValue arcValue = ArcValue::NotSet;
-  std::vector<UpdateType> updateTypes;
-  std::vector<std::string> includePackageIds;
-  std::vector<std::string> excludePackageIds;
-  bool kovuFilter = true;
-  bool sepFilter = true;
-  bool payloadExistFilter = true;
-  bool supersedeFilter = true;
-};
 
 enum class Format { Table, Json };
 
@@ -59,8 +43,6 @@ void AddTrust(CLI::App& command, bool& trust);
 
 // Directs the library's log records. False if the file cannot be opened: reason then says why.
 bool ApplyLogOptions(const LogOptions& log, std::string& reason);
-
-void ApplySettings(const QuerySettings& settings, QueryPackage& query);
 
 }  // namespace Vornik::Cli
 

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "QueryPackage.h"
-#include "commands/options.h"
 #include "model/filter_table.h"
+#include "model/query_settings.h"
 
 namespace Vornik::Cli {
 

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "commands/options.h"
+#include "model/query_settings.h"
 
 namespace Vornik::Cli {
 

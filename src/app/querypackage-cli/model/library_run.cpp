@@ -5,6 +5,7 @@
 #include <iostream>
 #include <optional>
 
+#include "model/filter_table.h"
 #include "model/query_parameters.h"
 
 namespace Vornik::Cli {
@@ -45,6 +46,12 @@ std::string ParameterAdvice(const QuerySettings& settings) {
       break;
   }
   return "try again";
+}
+
+void ApplySettings(const QuerySettings& settings, QueryPackage& query) {
+  query.SetXMLPackageFolder(settings.folder);
+  query.SetPlatform(settings.osValue, settings.arcValue, settings.machineType);
+  for (const FilterSetting& setting : FilterSettings()) setting.apply(settings, query);
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include "model/filter_table.h"
+
 namespace Vornik::Cli {
 
 namespace {
@@ -17,11 +19,10 @@ auto TextsOf(const QueryPackageResult& record) {
                   record.kovuName, record.supersedesId, record.supersededById);
 }
 
-auto VerdictsOf(const QueryPackageResult& record) {
-  return std::tie(record.platformFilterStatus, record.kovuFilterStatus, record.sepFilterStatus,
-                  record.payloadExistFilterStatus, record.supersedeFilterStatus,
-                  record.includeIdFilterStatus, record.excludeIdFilterStatus,
-                  record.updateTypeFilterStatus);
+bool HaveSameVerdicts(const QueryPackageResult& a, const QueryPackageResult& b) {
+  return std::all_of(Filters().begin(), Filters().end(), [&](const Filter& filter) {
+    return filter.slot == nullptr || a.*filter.slot == b.*filter.slot;
+  });
 }
 
 bool AreSameFiles(const std::vector<DriverFile>& a, const std::vector<DriverFile>& b) {
@@ -34,7 +35,7 @@ bool AreSameFiles(const std::vector<DriverFile>& a, const std::vector<DriverFile
 }  // namespace
 
 bool AreEqual(const QueryPackageResult& a, const QueryPackageResult& b) {
-  return TextsOf(a) == TextsOf(b) && VerdictsOf(a) == VerdictsOf(b) &&
+  return TextsOf(a) == TextsOf(b) && HaveSameVerdicts(a, b) &&
          AreSameFiles(a.driverFiles, b.driverFiles);
 }
 

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "QueryPackage.h"
-#include "commands/options.h"
 #include "model/properties.h"
 #include "model/query_model.h"
+#include "model/query_settings.h"
 
 namespace Vornik::Cli {
 

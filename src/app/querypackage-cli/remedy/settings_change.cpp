@@ -4,6 +4,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <variant>
+
+#include "model/filter_table.h"
+#include "output/wording.h"
 
 namespace Vornik::Cli {
 
@@ -11,8 +15,12 @@ namespace {
 
 using Changes = std::vector<SettingChange>;
 
-std::string TextOf(const std::string& id) { return fmt::format("\"{}\"", id); }
+std::string TextOf(const std::string& id) { return id; }
 std::string TextOf(UpdateType type) { return fmt::format("{}", static_cast<std::int32_t>(type)); }
+
+// As it appears in a sentence.
+std::string Shown(const std::string& id) { return Quoted(id); }
+std::string Shown(UpdateType type) { return TextOf(type); }
 
 template <typename Item>
 std::string ItemsMissingIn(const std::vector<Item>& items, const std::vector<Item>& other,
@@ -21,24 +29,31 @@ std::string ItemsMissingIn(const std::vector<Item>& items, const std::vector<Ite
   for (const Item& item : items) {
     if (std::find(other.begin(), other.end(), item) != other.end()) continue;
     if (!text.empty()) text += ' ';
-    text += fmt::format("{} {}", option, TextOf(item));
+    text += fmt::format("{} {}", option, Shown(item));
   }
   return text;
 }
 
 template <typename Item>
-void CompareLists(const std::vector<Item>& before, const std::vector<Item>& after,
-                  const char* setting, const char* option, Changes& changes) {
-  if (before == after) return;
-  if (after.empty()) {
-    changes.push_back({setting, fmt::format("no {} at all", option)});
-    return;
-  }
+std::string ChangeOf(const std::vector<Item>& before, const std::vector<Item>& after,
+                     const char* option) {
+  if (after.empty()) return fmt::format("no {} at all", option);
   const std::string added = ItemsMissingIn(after, before, option);
   const std::string removed = ItemsMissingIn(before, after, option);
   std::string text = added.empty() ? "" : "add " + added;
   if (!removed.empty()) text += (text.empty() ? "" : ", and ") + ("leave out " + removed);
-  changes.push_back({setting, text});
+  return text;
+}
+
+std::string ChangeOf(bool /*before*/, bool after, const char* option) {
+  return fmt::format("{} {}", after ? "leave out" : "add", option);
+}
+
+template <typename Value>
+void CompareFilterSetting(const Value& before, const Value& after, const FilterSetting& setting,
+                          Changes& changes) {
+  if (before == after) return;
+  changes.push_back({setting.name, ChangeOf(before, after, setting.option)});
 }
 
 template <typename Code>
@@ -50,22 +65,15 @@ void CompareCodes(Code before, Code after, const char* setting, const char* opti
                             static_cast<std::uint32_t>(before))});
 }
 
-void CompareSwitches(bool before, bool after, const char* setting, const char* option,
-                     Changes& changes) {
-  if (before == after) return;
-  changes.push_back({setting, fmt::format("{} {}", after ? "leave out" : "add", option)});
+using Arguments = std::vector<std::string>;
+
+void AddArguments(Arguments& arguments, const char* option, bool filter) {
+  if (!filter) arguments.emplace_back(option);
 }
 
-void AddRepeated(std::vector<std::string>& arguments, const char* option,
-                 const std::vector<std::string>& values) {
-  for (const std::string& value : values) arguments.insert(arguments.end(), {option, value});
-}
-
-void AddSwitches(std::vector<std::string>& arguments, const QuerySettings& settings) {
-  if (!settings.kovuFilter) arguments.emplace_back("--no-kovu-filter");
-  if (!settings.sepFilter) arguments.emplace_back("--no-sep-filter");
-  if (!settings.payloadExistFilter) arguments.emplace_back("--no-payload-exist-filter");
-  if (!settings.supersedeFilter) arguments.emplace_back("--no-supersede-filter");
+template <typename Item>
+void AddArguments(Arguments& arguments, const char* option, const std::vector<Item>& list) {
+  for (const Item& item : list) arguments.insert(arguments.end(), {option, TextOf(item)});
 }
 
 }  // namespace
@@ -78,36 +86,26 @@ std::vector<SettingChange> ChangesBetween(const QuerySettings& before, const Que
   }
   CompareCodes(before.osValue, after.osValue, "osValue", "--os", changes);
   CompareCodes(before.arcValue, after.arcValue, "arcValue", "--arch", changes);
-  CompareLists(before.updateTypes, after.updateTypes, "updateTypes", "--update-type", changes);
-  CompareLists(before.includePackageIds, after.includePackageIds, "includePackageIds", "--include",
-               changes);
-  CompareLists(before.excludePackageIds, after.excludePackageIds, "excludePackageIds", "--exclude",
-               changes);
-  CompareSwitches(before.kovuFilter, after.kovuFilter, "kovuFilter", "--no-kovu-filter", changes);
-  CompareSwitches(before.sepFilter, after.sepFilter, "sepFilter", "--no-sep-filter", changes);
-  CompareSwitches(before.payloadExistFilter, after.payloadExistFilter, "payloadExistFilter",
-                  "--no-payload-exist-filter", changes);
-  CompareSwitches(before.supersedeFilter, after.supersedeFilter, "supersedeFilter",
-                  "--no-supersede-filter", changes);
+  for (const FilterSetting& setting : FilterSettings()) {
+    std::visit(
+        [&](auto member) { CompareFilterSetting(before.*member, after.*member, setting, changes); },
+        setting.member);
+  }
   return changes;
 }
 
 std::vector<std::string> QueryArguments(const QuerySettings& settings) {
-  std::vector<std::string> arguments{
-      "query",
-      "--machine-type",
-      settings.machineType,
-      "--os",
-      fmt::format("{}", static_cast<std::uint32_t>(settings.osValue)),
-      "--arch",
-      fmt::format("{}", static_cast<std::uint32_t>(settings.arcValue))};
-  for (const UpdateType type : settings.updateTypes) {
-    arguments.insert(arguments.end(),
-                     {"--update-type", fmt::format("{}", static_cast<std::int32_t>(type))});
+  Arguments arguments{"query",
+                      "--machine-type",
+                      settings.machineType,
+                      "--os",
+                      fmt::format("{}", static_cast<std::uint32_t>(settings.osValue)),
+                      "--arch",
+                      fmt::format("{}", static_cast<std::uint32_t>(settings.arcValue))};
+  for (const FilterSetting& setting : FilterSettings()) {
+    std::visit([&](auto member) { AddArguments(arguments, setting.option, settings.*member); },
+               setting.member);
   }
-  AddRepeated(arguments, "--include", settings.includePackageIds);
-  AddRepeated(arguments, "--exclude", settings.excludePackageIds);
-  AddSwitches(arguments, settings);
   // Behind the dashes a folder may begin with one.
   arguments.insert(arguments.end(), {"--", settings.folder});
   return arguments;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "commands/options.h"
+#include "model/query_settings.h"
 
 namespace Vornik::Cli {
 

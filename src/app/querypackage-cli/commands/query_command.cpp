@@ -8,7 +8,7 @@
 #include "commands/options.h"
 #include "commands/parser.h"
 #include "model/library_run.h"
-#include "output/json_output.h"
+#include "output/query_json.h"
 #include "output/terminal.h"
 #include "output/verdict_table.h"
 
@@ -25,7 +25,7 @@ struct QueryOptions {
 
 bool PrintOutcome(const QueryOptions& options, const LibraryRun& run) {
   if (options.format == Format::Json) {
-    return Print(JsonDocument(options.query, run.code, run.records));
+    return Print(JsonText(QueryDocument(options.query, run.code, run.records)));
   }
   return run.code != QueryCode::Completed || Print(VerdictTable(run.records, WantsColour()));
 }

@@ -2,20 +2,15 @@
 
 #include <algorithm>
 #include <iterator>
-#include <nlohmann/json.hpp>
-#include <utility>
 #include <vector>
 
 #include "explain/explain.h"
-#include "output/json_output.h"
+#include "output/query_json.h"
 #include "remedy/settings_change.h"
 
-namespace Vornik {
+namespace Vornik::Cli {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
-using namespace Cli;
 
 const char* NameOf(Answer answer) {
   switch (answer) {
@@ -52,13 +47,6 @@ const char* VerdictOf(const FilterExplanation& filter) {
     default:
       return "notEvaluated";
   }
-}
-
-template <typename Item, typename Make>
-Json ArrayOf(const std::vector<Item>& items, Make make) {
-  Json array = Json::array();
-  for (const Item& item : items) array.push_back(make(item));
-  return array;
 }
 
 Json NamesOf(const std::vector<FilterId>& filters) {
@@ -102,14 +90,10 @@ Json SupersedeObject(const SupersedeChain& chain) {
           {"listOverridden", chain.listOverridden}};
 }
 
-Json QueryObjectOf(const QuerySettings& settings) {
-  return Json::parse(JsonDocument(settings, QueryCode::Completed, {}))["query"];
-}
-
 // The changes from one query to another, with the whole of it as arguments of the program.
 Json ChangeObject(const QuerySettings& before, const QuerySettings& after) {
-  const Json from = QueryObjectOf(before);
-  const Json to = QueryObjectOf(after);
+  const Json from = SettingsObject(before);
+  const Json to = SettingsObject(after);
   const auto change = [&](const SettingChange& one) {
     return Json{{"setting", one.setting},
                 {"from", from[one.setting]},
@@ -166,11 +150,11 @@ std::string AnswerOf(const Explanation& explanation) {
 
 }  // namespace
 
-std::string Cli::ExplanationJson(const Explanation& explanation) {
+std::string ExplanationJson(const Explanation& explanation) {
   std::vector<QueryPackageResult> records;
   std::transform(explanation.packages.begin(), explanation.packages.end(),
                  std::back_inserter(records), [](const auto& package) { return package.record; });
-  Json document = Json::parse(JsonDocument(explanation.query, explanation.returnCode, records));
+  Json document = QueryDocument(explanation.query, explanation.returnCode, records);
   document["packageId"] = explanation.packageId;
   document["answer"] = AnswerOf(explanation);
   document["folderChanged"] = explanation.folderChanged;
@@ -181,9 +165,7 @@ std::string Cli::ExplanationJson(const Explanation& explanation) {
   document["absenceWayOut"] = explanation.absenceWayOut.code.empty()
                                   ? Json()
                                   : WayOutObject(explanation.query, explanation.absenceWayOut);
-  constexpr int indent = 2;
-  constexpr bool asciiOnly = true;
-  return document.dump(indent, ' ', asciiOnly, Json::error_handler_t::replace) + '\n';
+  return JsonText(document);
 }
 
-}  // namespace Vornik
+}  // namespace Vornik::Cli

@@ -2,8 +2,7 @@
 
 #include <fmt/format.h>
 
-#include <string_view>
-
+#include "output/columns.h"
 #include "output/console_text.h"
 #include "output/wording.h"
 #include "remedy/settings_change.h"
@@ -12,31 +11,23 @@ namespace Vornik::Cli {
 
 namespace {
 
-constexpr std::string_view good = "\x1b[32m";
-constexpr std::string_view bad = "\x1b[31m";
-constexpr std::string_view faint = "\x1b[2m";
-
-struct Word {
-  std::string_view text;
-  std::string_view paint;
-};
-
-Word WordOf(const FilterExplanation& filter) {
-  if (!filter.runs) return {"off", faint};
-  if (filter.status == FilterStatus::Matched) return {"pass", good};
-  return filter.status == FilterStatus::NotMatched ? Word{"fail", bad} : Word{"none", bad};
+Cell WordOf(const FilterExplanation& filter) {
+  if (!filter.runs) return {"off", Paint::Faint};
+  if (filter.status == FilterStatus::Matched) return {"pass", Paint::Good};
+  return filter.status == FilterStatus::NotMatched ? Cell{"fail", Paint::Bad}
+                                                   : Cell{"none", Paint::Bad};
 }
 
-Word WordOf(Answer answer) {
+Cell WordOf(Answer answer) {
   switch (answer) {
     case Answer::Offered:
-      return {"OFFERED", good};
+      return {"OFFERED", Paint::Good};
     case Answer::Refused:
-      return {"REFUSED", bad};
+      return {"REFUSED", Paint::Bad};
     case Answer::Undecided:
       break;
   }
-  return {"UNDECIDED", bad};
+  return {"UNDECIDED", Paint::Bad};
 }
 
 std::string NamesOf(const std::vector<FilterId>& filters) {
@@ -75,9 +66,8 @@ class Writer {
     out_ += '\n';
   }
 
-  std::string Painted(const Word& word, std::size_t width = 0) const {
-    std::string text = fmt::format("{:<{}}", word.text, width);
-    return colour_ ? fmt::format("{}{}\x1b[0m", word.paint, text) : text;
+  std::string Coloured(const Cell& word, std::size_t width = 0) const {
+    return Painted(Padded(word.text, width), word.paint, colour_);
   }
 
   void WritePackage(const Explanation& explanation, const PackageExplanation& package) {
@@ -103,7 +93,7 @@ class Writer {
     if (!package.record.Version.empty()) {
       out_ += ", version " + Printable(package.record.Version);
     }
-    out_ += ": " + Painted(WordOf(package.answer));
+    out_ += ": " + Coloured(WordOf(package.answer));
     if (!package.refusedBy.empty()) out_ += " by " + NamesOf(package.refusedBy);
     if (!package.undecidedBy.empty()) {
       out_ += fmt::format("{} no verdict of {}", package.refusedBy.empty() ? ":" : ";",
@@ -122,7 +112,7 @@ class Writer {
   void WriteFilter(const FilterExplanation& filter) {
     constexpr std::size_t indent = 8;
     const Filter& info = FilterOf(filter.filter);
-    out_ += fmt::format("\n  {} {:<12} ", Painted(WordOf(filter), 4), info.name);
+    out_ += fmt::format("\n  {} {} ", Coloured(WordOf(filter), 4), Padded(info.name, 12));
     Line(0, filter.text);
     Line(indent, std::string("Rule: ") + info.rule);
     for (const PropertyReading& property : filter.properties) {
@@ -166,7 +156,8 @@ class Writer {
 
   void WriteAbsence(const Explanation& explanation) {
     if (!out_.empty()) out_ += '\n';
-    out_ += fmt::format("{}: {}\n", Printable(explanation.packageId), Painted({"NO PACKAGE", bad}));
+    out_ += fmt::format("{}: {}\n", Printable(explanation.packageId),
+                        Coloured({"NO PACKAGE", Paint::Bad}));
     Line(2, "The query gives no package with exactly this code.");
     for (const AbsenceReason& reason : explanation.absence) {
       out_ += '\n';
@@ -180,7 +171,8 @@ class Writer {
   }
 
   void WriteUnknown(const Explanation& explanation) {
-    out_ += fmt::format("{}: {}\n", Printable(explanation.packageId), Painted({"UNKNOWN", bad}));
+    out_ += fmt::format("{}: {}\n", Printable(explanation.packageId),
+                        Coloured({"UNKNOWN", Paint::Bad}));
     Line(2,
          "No descriptor of the folder has this code, and no file that is passed over or fails "
          "to load holds it.");

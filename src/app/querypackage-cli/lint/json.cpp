@@ -1,25 +1,18 @@
 #include "lint/json.h"
 
+#include <fmt/format.h>
+
 #include <boost/filesystem/operations.hpp>
 #include <boost/filesystem/path.hpp>
 #include <boost/system/error_code.hpp>
-#include <nlohmann/json.hpp>
 #include <string_view>
 
 #include "QueryPackage.h"
+#include "output/json.h"
 
 namespace Vornik::Cli {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
-
-// Only ASCII; bytes that are not UTF-8 become U+FFFD.
-std::string TextOf(const Json& document) {
-  constexpr int indent = 2;
-  constexpr bool asciiOnly = true;
-  return document.dump(indent, ' ', asciiOnly, Json::error_handler_t::replace) + '\n';
-}
 
 Json FindingObject(const LintFinding& finding) {
   const LintRule& rule = RuleOf(finding.id);
@@ -32,30 +25,20 @@ Json FindingObject(const LintFinding& finding) {
           {"remedy", rule.remedy}};
 }
 
-Json IgnoredNames(const LintResult& result) {
-  Json names = Json::array();
-  for (const LintId id : result.settings.ignored) names.push_back(RuleOf(id).name);
-  return names;
-}
-
-bool StandsInUri(char c) {
+bool IsPlainInUri(char c) {
   constexpr std::string_view plain =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
   return plain.find(c) != std::string_view::npos;
 }
 
 std::string UriOf(std::string_view path) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
   std::string uri;
   for (const char c : path) {
-    if (StandsInUri(c)) {
+    if (IsPlainInUri(c)) {
       uri += c;
-      continue;
+    } else {
+      uri += fmt::format("%{:02X}", static_cast<unsigned char>(c));
     }
-    const auto byte = static_cast<unsigned char>(c);
-    uri += '%';
-    uri += digits[byte >> 4U];
-    uri += digits[byte & 0xFU];
   }
   return uri;
 }
@@ -74,15 +57,11 @@ const char* LevelOf(Severity severity) {
   return severity == Severity::Info ? "note" : NameOf(severity);
 }
 
-Json SarifRules() {
-  Json rules = Json::array();
-  for (const LintRule& rule : LintRules()) {
-    rules.push_back({{"id", rule.name},
-                     {"shortDescription", {{"text", rule.what}}},
-                     {"help", {{"text", rule.remedy}}},
-                     {"defaultConfiguration", {{"level", LevelOf(rule.severity)}}}});
-  }
-  return rules;
+Json SarifRule(const LintRule& rule) {
+  return {{"id", rule.name},
+          {"shortDescription", {{"text", rule.what}}},
+          {"help", {{"text", rule.remedy}}},
+          {"defaultConfiguration", {{"level", LevelOf(rule.severity)}}}};
 }
 
 Json SarifLocation(const LintFinding& finding) {
@@ -116,37 +95,34 @@ Json SarifInvocation(const LintResult& result) {
 }  // namespace
 
 std::string LintJson(const LintResult& result) {
-  Json findings = Json::array();
-  for (const LintFinding& finding : result.findings) findings.push_back(FindingObject(finding));
   const LintCounts counts = CountBySeverity(result.findings);
-  return TextOf({{"folder", result.settings.folder},
-                 {"target", NameOf(result.settings.target)},
-                 {"ignored", IgnoredNames(result)},
-                 {"files", result.files},
-                 {"complete", !result.walkFailure},
-                 {"errors", counts.errors},
-                 {"warnings", counts.warnings},
-                 {"infos", counts.infos},
-                 {"findings", std::move(findings)}});
+  return JsonText(
+      {{"folder", result.settings.folder},
+       {"target", NameOf(result.settings.target)},
+       {"ignored", ArrayOf(result.settings.ignored, [](LintId id) { return RuleOf(id).name; })},
+       {"files", result.files},
+       {"complete", !result.walkFailure},
+       {"errors", counts.errors},
+       {"warnings", counts.warnings},
+       {"infos", counts.infos},
+       {"findings", ArrayOf(result.findings, FindingObject)}});
 }
 
 std::string LintSarif(const LintResult& result) {
-  Json results = Json::array();
-  for (const LintFinding& finding : result.findings) results.push_back(SarifResult(finding));
   const Json driver{{"name", "querypackage-cli lint"},
                     {"version", QUERYPACKAGE_VERSION_STRING},
-                    {"rules", SarifRules()}};
+                    {"rules", ArrayOf(LintRules(), SarifRule)}};
   const Json run{
       {"tool", {{"driver", driver}}},
       {"invocations", Json::array({SarifInvocation(result)})},
       {"originalUriBaseIds", {{"PACKAGEFOLDER", {{"uri", FolderUri(result.settings.folder)}}}}},
       {"columnKind", "unicodeCodePoints"},
-      {"results", std::move(results)}};
-  return TextOf({{"$schema",
-                  "https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/"
-                  "sarif-schema-2.1.0.json"},
-                 {"version", "2.1.0"},
-                 {"runs", Json::array({run})}});
+      {"results", ArrayOf(result.findings, SarifResult)}};
+  return JsonText({{"$schema",
+                    "https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/"
+                    "sarif-schema-2.1.0.json"},
+                   {"version", "2.1.0"},
+                   {"runs", Json::array({run})}});
 }
 
 }  // namespace Vornik::Cli

@@ -2,9 +2,8 @@
 
 #include <fmt/format.h>
 
-#include <string_view>
-
 #include "output/console_text.h"
+#include "output/paint.h"
 #include "output/wording.h"
 #include "text/paths.h"
 
@@ -12,21 +11,16 @@ namespace Vornik::Cli {
 
 namespace {
 
-std::string_view PaintOf(Severity severity) {
+Paint PaintOf(Severity severity) {
   switch (severity) {
     case Severity::Error:
-      return "\x1b[31m";
+      return Paint::Bad;
     case Severity::Warning:
-      return "\x1b[33m";
+      return Paint::Warning;
     case Severity::Info:
       break;
   }
-  return "\x1b[2m";
-}
-
-std::string SeverityText(Severity severity, bool colour) {
-  if (!colour) return NameOf(severity);
-  return fmt::format("{}{}\x1b[0m", PaintOf(severity), NameOf(severity));
+  return Paint::Faint;
 }
 
 std::string PlaceText(const LintFinding& finding, const std::string& folder) {
@@ -42,8 +36,8 @@ std::string LintText(const LintResult& result, bool colour) {
   for (const LintFinding& finding : result.findings) {
     const LintRule& rule = RuleOf(finding.id);
     out += fmt::format("{}: {}: {} [{}]\n    {}\n", PlaceText(finding, result.settings.folder),
-                       SeverityText(rule.severity, colour), Printable(finding.text), rule.name,
-                       rule.remedy);
+                       Painted(NameOf(rule.severity), PaintOf(rule.severity), colour),
+                       Printable(finding.text), rule.name, rule.remedy);
   }
   return out + fmt::format("{} in {}.\n", CountsText(CountBySeverity(result.findings)),
                            Count(result.files, "descriptor file"));

@@ -1,5 +1,6 @@
 #include "output/console_text.h"
 
+#include <fmt/format.h>
 #include <utf8_characters.h>
 
 #include <algorithm>
@@ -9,13 +10,7 @@ namespace Vornik::Cli {
 namespace {
 
 void AppendEscaped(std::string& out, std::string_view bytes) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  for (const char byte : bytes) {
-    const unsigned int value = static_cast<unsigned char>(byte);
-    out += "\\x";
-    out += digits[value >> 4U];
-    out += digits[value & 0xFU];
-  }
+  for (const char byte : bytes) out += fmt::format("\\x{:02X}", static_cast<unsigned char>(byte));
 }
 
 }  // namespace

@@ -1,21 +1,23 @@
-// The outcome of a query as a JSON document for a program.
-#ifndef VORNIK_CLI_OUTPUT_JSON_OUTPUT_H
-#define VORNIK_CLI_OUTPUT_JSON_OUTPUT_H
+// A query and its outcome as JSON objects.
+#ifndef VORNIK_CLI_OUTPUT_QUERY_JSON_H
+#define VORNIK_CLI_OUTPUT_QUERY_JSON_H
 
-#include <string>
 #include <vector>
 
 #include "QueryPackage.h"
-#include "commands/options.h"
+#include "model/query_settings.h"
+#include "output/json.h"
 
 namespace Vornik::Cli {
 
+// The settings, those of the filters under the names in their table.
+Json SettingsObject(const QuerySettings& settings);
+
 // {"query": ..., "returnCode": ..., "records": [...]}, a record with the members of
-// QueryPackageResult by their names and in their order. ASCII only; bytes of a text that are not
-// UTF-8 become U+FFFD. Ends with a line feed.
-std::string JsonDocument(const QuerySettings& query, int returnCode,
-                         const std::vector<QueryPackageResult>& records);
+// QueryPackageResult by their names and in their order.
+Json QueryDocument(const QuerySettings& settings, int returnCode,
+                   const std::vector<QueryPackageResult>& records);
 
 }  // namespace Vornik::Cli
 
-#endif  // VORNIK_CLI_OUTPUT_JSON_OUTPUT_H
+#endif  // VORNIK_CLI_OUTPUT_QUERY_JSON_H

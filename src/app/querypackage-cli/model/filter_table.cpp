@@ -120,6 +120,7 @@ const Filter& FilterOf(FilterId id) { return filters[static_cast<std::size_t>(id
 const std::vector<FilterSetting>& FilterSettings() {
   static const std::vector<FilterSetting> settings = [] {
     std::vector<FilterSetting> ordered;
+    ordered.reserve(settingOrder.size());
     for (const FilterId id : settingOrder) ordered.push_back(FilterOf(id).setting.value());
     return ordered;
   }();

@@ -50,7 +50,7 @@ struct Filter {
   const char* slotName;                     // empty: the duplicate filter has no slot
   std::uint32_t QueryPackageResult::*slot;  // null: the duplicate filter
   const char* column;                       // heading of its slot in a table
-  StageText stage;                          // its lines in the log
+  const StageText& stage;                   // its lines in the log
   const char* rule;                         // one sentence
   const char* offBecause;                   // one sentence; null: it always runs
   std::optional<FilterSetting> setting;     // none: it always runs

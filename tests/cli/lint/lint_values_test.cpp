@@ -1,12 +1,8 @@
 // The small rules of lint, as tables.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
-#include "filters/platform.h"
 #include "lint/checks/blanks.h"
 #include "lint/checks/numbers.h"
-#include "lint/checks/platform_entries.h"
 #include "lint/checks/rings.h"
 #include "lint/checks/version_order.h"
 #include "lint/target.h"
@@ -16,8 +12,6 @@
 
 namespace Vornik::Cli {
 namespace {
-
-using Testing::RandomPick;
 
 TEST(LintVersionOrder, ComparesNumbersByValueAndTheRestAsText) {
   const struct {
@@ -213,39 +207,6 @@ TEST(LintRings, TakeNoStackOfTheirOwn) {
   const auto rings = FindRings(graph);
   ASSERT_EQ(rings.size(), 1U);
   EXPECT_EQ(rings.front().size(), length);
-}
-
-std::vector<std::string> RandomList(RandomPick& pick, const std::vector<std::string>& pool) {
-  std::vector<std::string> list(pick.Below(4));
-  std::generate(list.begin(), list.end(), [&] { return pool[pick.Below(pool.size())]; });
-  return list;
-}
-
-TEST(LintPlatformEntries, AgreeWithThePlatformFilter) {
-  Testing::TestRandom pick;
-  const std::size_t rounds = pick.Rounds(5'000);
-  const std::vector<std::string> numbers{"0", "9", "10", " 10x", "x", "-1", "4294967296"};
-  std::size_t matched = 0;
-  for (std::size_t round = 0; round < rounds; ++round) {
-    const SupXmlProperties properties{
-        {"orderedMachineTypeList", "", RandomList(pick, {"1234", "1235"})},
-        {"orderedOSList", "", RandomList(pick, numbers)},
-        {"orderedOSArchitectureList", "", RandomList(pick, numbers)}};
-    const auto system = static_cast<std::uint32_t>(pick.Below(12));
-    const auto architecture = static_cast<std::uint32_t>(pick.Below(12));
-    const auto verdict = EvaluatePlatform(properties, static_cast<OsValue>(system),
-                                          static_cast<ArcValue>(architecture), "1234")
-                             .verdict;
-    const auto entries = PlatformEntriesOf(properties);
-    const bool suits = std::any_of(entries.begin(), entries.end(), [&](const auto& entry) {
-      return entry.machineType == "1234" && Suits(entry, system, architecture);
-    });
-    EXPECT_EQ(suits, verdict == PlatformVerdict::Matched);
-    if (suits) ++matched;
-  }
-  if (pick.RunsAllRounds()) {
-    EXPECT_GT(matched, rounds / 25);
-  }
 }
 
 TEST(LintWording, LongTextsAreQuotedBriefly) {

@@ -12,55 +12,44 @@ namespace Vornik::Cli {
 
 namespace {
 
-struct Lists {
+// The three lists, and what of each entry that counts fits the machine.
+struct EvaluatedLists {
+  EvaluatedLists(const SupXmlProperties& properties, const QuerySettings& settings)
+      : machineTypes(GetPropertyValues(PropertyName::orderedMachineTypeList, properties)),
+        systems(GetPropertyValues(PropertyName::orderedOSList, properties)),
+        architectures(GetPropertyValues(PropertyName::orderedOSArchitectureList, properties)),
+        fits(EvaluatePlatformEntries(properties, settings.osValue, settings.arcValue,
+                                     settings.machineType)) {}
+
   std::vector<std::string> machineTypes;
   std::vector<std::string> systems;
   std::vector<std::string> architectures;
-
-  std::size_t Positions() const {
-    return std::min({machineTypes.size(), systems.size(), architectures.size()});
-  }
+  std::vector<PlatformFit> fits;
 };
 
-Lists ListsOf(const SupXmlProperties& properties) {
-  return {GetPropertyValues(PropertyName::orderedMachineTypeList, properties),
-          GetPropertyValues(PropertyName::orderedOSList, properties),
-          GetPropertyValues(PropertyName::orderedOSArchitectureList, properties)};
-}
-
-// Whether one position's operating system or architecture fits, by the filter's own rule.
-bool Fits(const std::string& system, OsValue osValue, const std::string& architecture,
-          ArcValue arcValue) {
-  const SupXmlProperties position{{PropertyName::orderedMachineTypeList, "", {""}},
-                                  {PropertyName::orderedOSList, "", {system}},
-                                  {PropertyName::orderedOSArchitectureList, "", {architecture}}};
-  return EvaluatePlatform(position, osValue, arcValue, "").verdict == PlatformVerdict::Matched;
-}
-
-std::string PositionText(const Lists& lists, std::size_t i) {
+std::string PositionText(const EvaluatedLists& lists, std::size_t i) {
   return fmt::format("machine type \"{}\", operating system \"{}\", architecture \"{}\"",
                      lists.machineTypes[i], lists.systems[i], lists.architectures[i]);
 }
 
 // What does not fit at a position with the right machine type.
-std::string MisfitText(const Lists& lists, std::size_t i, const QuerySettings& settings) {
-  const bool systemFits = Fits(lists.systems[i], settings.osValue, "0", ArcValue::NotSet);
-  const bool architectureFits =
-      Fits("0", OsValue::NotSet, lists.architectures[i], settings.arcValue);
+std::string MisfitText(const EvaluatedLists& lists, std::size_t i, const QuerySettings& settings) {
+  const PlatformFit& fit = lists.fits[i];
   std::string text = fmt::format("Position {} has the machine type", i + 1);
-  if (!systemFits) {
+  if (!fit.osValue) {
     text += fmt::format(", but the operating system \"{}\" instead of {}", lists.systems[i],
                         static_cast<std::uint32_t>(settings.osValue));
   }
-  if (!architectureFits) {
-    text += fmt::format("{} the architecture \"{}\" instead of {}", systemFits ? ", but" : " and",
+  if (!fit.arcValue) {
+    text += fmt::format("{} the architecture \"{}\" instead of {}", fit.osValue ? ", but" : " and",
                         lists.architectures[i], static_cast<std::uint32_t>(settings.arcValue));
   }
   return text + '.';
 }
 
-void AddMisfits(FilterExplanation& explanation, const Lists& lists, const QuerySettings& settings) {
-  const std::size_t positions = lists.Positions();
+// The machine type of an entry that is not reached has no fit: it is compared here.
+void AddMisfits(FilterExplanation& explanation, const EvaluatedLists& lists,
+                const QuerySettings& settings) {
   for (std::size_t i = 0; i < lists.machineTypes.size(); ++i) {
     const std::string& machineType = lists.machineTypes[i];
     if (machineType != settings.machineType) {
@@ -68,12 +57,12 @@ void AddMisfits(FilterExplanation& explanation, const Lists& lists, const QueryS
         explanation.details.push_back(fmt::format(
             "Position {} has \"{}\", which is compared as a whole.", i + 1, machineType));
       }
-    } else if (i < positions) {
+    } else if (i < lists.fits.size()) {
       explanation.details.push_back(MisfitText(lists, i, settings));
     } else {
       explanation.details.push_back(fmt::format(
           "Position {} has the machine type, but does not count: the shortest list ends after {}.",
-          i + 1, positions));
+          i + 1, lists.fits.size()));
     }
   }
 }
@@ -84,14 +73,14 @@ FilterExplanation& SayMissing(FilterExplanation& explanation, const char* reason
              fmt::format("\"{}\" is missing or empty, so there is no verdict.", property));
 }
 
-void SayNotMatched(FilterExplanation& explanation, const Lists& lists,
+void SayNotMatched(FilterExplanation& explanation, const EvaluatedLists& lists,
                    const QuerySettings& settings) {
-  const auto end = lists.machineTypes.begin() + static_cast<std::ptrdiff_t>(lists.Positions());
-  const bool known = std::find(lists.machineTypes.begin(), end, settings.machineType) != end;
+  const bool known = std::any_of(lists.fits.begin(), lists.fits.end(),
+                                 [](const PlatformFit& fit) { return fit.machineType; });
   Say(explanation, "noEntryMatches",
       known ? "Positions of its lists have the machine type, but none fits the machine."
             : fmt::format("None of the positions that count ({}) has the machine type {}.",
-                          lists.Positions(), settings.machineType));
+                          lists.fits.size(), settings.machineType));
   AddMisfits(explanation, lists, settings);
 }
 
@@ -106,7 +95,7 @@ FilterExplanation ExplainPlatform(const PackageContext& package) {
   }
   const QuerySettings& settings = package.settings;
   const SupXmlProperties& properties = package.source.entry->properties;
-  const Lists lists = ListsOf(properties);
+  const EvaluatedLists lists(properties, settings);
   const PlatformResult result =
       EvaluatePlatform(properties, settings.osValue, settings.arcValue, settings.machineType);
   switch (result.verdict) {

@@ -5,6 +5,7 @@
 #include <set>
 #include <tuple>
 
+#include "filters/platform.h"
 #include "model/literals.h"
 #include "model/query_parameters.h"
 #include "text/decimal.h"
@@ -59,9 +60,9 @@ Pools PoolsOf(const Repository& repository, const QuerySettings& settings) {
 }
 
 // The one number that an entry names, or all if it allows any.
-Codes Allowed(const std::string& entry, const NumberPool& pool) {
-  const auto code = static_cast<std::uint32_t>(ParseDecimal(entry));
-  return code == anyCode ? pool.Numbers() : Codes{code};
+template <typename Code>
+Codes Allowed(Code listed, const NumberPool& pool) {
+  return listed == Code::NotSet ? pool.Numbers() : Codes{static_cast<std::uint32_t>(listed)};
 }
 
 auto Key(const Machine& machine) {
@@ -78,17 +79,14 @@ std::size_t Distance(const Machine& machine, const QuerySettings& settings) {
 
 std::vector<Machine> MatchingMachines(const SupXmlProperties& properties,
                                       const Repository& repository, const QuerySettings& settings) {
-  const auto machineTypes = GetPropertyValues(PropertyName::orderedMachineTypeList, properties);
-  const auto systems = GetPropertyValues(PropertyName::orderedOSList, properties);
-  const auto architectures = GetPropertyValues(PropertyName::orderedOSArchitectureList, properties);
   const Pools pools = PoolsOf(repository, settings);
   std::vector<Machine> machines;
-  for (std::size_t i = 0; i < std::min({machineTypes.size(), systems.size(), architectures.size()});
-       ++i) {
-    if (!IsMachineType(machineTypes[i])) continue;
-    for (const std::uint32_t os : Allowed(systems[i], pools.systems)) {
-      for (const std::uint32_t arc : Allowed(architectures[i], pools.architectures)) {
-        machines.push_back({machineTypes[i], static_cast<OsValue>(os), static_cast<ArcValue>(arc)});
+  for (const PlatformEntry& entry : ReadPlatformEntries(properties)) {
+    if (!IsMachineType(entry.machineType)) continue;
+    for (const std::uint32_t os : Allowed(entry.osValue, pools.systems)) {
+      for (const std::uint32_t arc : Allowed(entry.arcValue, pools.architectures)) {
+        machines.push_back(
+            {entry.machineType, static_cast<OsValue>(os), static_cast<ArcValue>(arc)});
       }
     }
   }

@@ -20,15 +20,6 @@ std::string MissingText(const PropertySource& source, const char* property, cons
                      filter);
 }
 
-// The machine types at the positions that count.
-std::vector<std::string> UsableMachineTypes(const SupXmlProperties& properties) {
-  auto types = GetPropertyValues(PropertyName::orderedMachineTypeList, properties);
-  types.resize(
-      std::min({types.size(), GetPropertyValues(PropertyName::orderedOSList, properties).size(),
-                GetPropertyValues(PropertyName::orderedOSArchitectureList, properties).size()}));
-  return types;
-}
-
 std::string PlatformFault(const PropertySource& source, const QuerySettings& settings) {
   constexpr const char* filter = "platform";
   const SupXmlProperties& properties = source.entry->properties;
@@ -44,7 +35,10 @@ std::string PlatformFault(const PropertySource& source, const QuerySettings& set
     case PlatformVerdict::NotMatched:
       break;
   }
-  const auto types = UsableMachineTypes(properties);
+  std::vector<std::string> types;
+  for (const PlatformEntry& entry : ReadPlatformEntries(properties)) {
+    types.push_back(entry.machineType);
+  }
   if (std::any_of(types.begin(), types.end(), IsMachineType)) return "";
   return fmt::format("The ordered lists of {} name no machine type of four digits, but {}.",
                      source.File(), QuotedList(types));

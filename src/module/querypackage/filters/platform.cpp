@@ -1,8 +1,6 @@
 #include "filters/platform.h"
 
 #include <algorithm>
-#include <string>
-#include <vector>
 
 #include "model/literals.h"
 #include "text/decimal.h"
@@ -11,34 +9,80 @@ namespace Vornik {
 
 namespace {
 
-bool IsMissing(const std::vector<std::string>* list) { return list == nullptr || list->empty(); }
+using Texts = std::vector<std::string>;
+
+const Texts& ListOf(const char* name, const SupXmlProperties& properties) {
+  static const Texts none;
+  const Texts* list = FindPropertyValues(name, properties);
+  return list == nullptr ? none : *list;
+}
+
+// Borrowed; empty where missing.
+struct OrderedLists {
+  explicit OrderedLists(const SupXmlProperties& properties)
+      : machineTypes(ListOf(PropertyName::orderedMachineTypeList, properties)),
+        systems(ListOf(PropertyName::orderedOSList, properties)),
+        architectures(ListOf(PropertyName::orderedOSArchitectureList, properties)) {}
+
+  std::size_t Size() const {
+    return std::min({machineTypes.size(), systems.size(), architectures.size()});
+  }
+
+  PlatformEntry Entry(std::size_t i) const {
+    return {machineTypes[i], static_cast<OsValue>(ParseDecimal(systems[i])),
+            static_cast<ArcValue>(ParseDecimal(architectures[i]))};
+  }
+
+  const Texts& machineTypes;
+  const Texts& systems;
+  const Texts& architectures;
+};
 
 template <typename Code>
-bool MatchesOrAny(const std::string& listed, Code target) {
-  const std::int32_t code = ParseDecimal(listed);
-  return code == anyCode || target == Code::NotSet || static_cast<Code>(code) == target;
+bool MatchesOrAny(Code listed, Code target) {
+  return listed == Code::NotSet || target == Code::NotSet || listed == target;
 }
 
 }  // namespace
 
 PlatformResult EvaluatePlatform(const SupXmlProperties& properties, OsValue osValue,
                                 ArcValue arcValue, const std::string& machineType) {
-  const auto* machineTypes = FindPropertyValues(PropertyName::orderedMachineTypeList, properties);
-  if (IsMissing(machineTypes)) return {PlatformVerdict::NoMachineTypes};
-  const auto* systems = FindPropertyValues(PropertyName::orderedOSList, properties);
-  if (IsMissing(systems)) return {PlatformVerdict::NoOperatingSystems};
-  const auto* architectures =
-      FindPropertyValues(PropertyName::orderedOSArchitectureList, properties);
-  if (IsMissing(architectures)) return {PlatformVerdict::NoArchitectures};
-
-  const auto entries = std::min({machineTypes->size(), systems->size(), architectures->size()});
-  for (std::size_t i = 0; i < entries; ++i) {
-    if ((*machineTypes)[i] == machineType && MatchesOrAny((*systems)[i], osValue) &&
-        MatchesOrAny((*architectures)[i], arcValue)) {
+  const OrderedLists lists(properties);
+  if (lists.machineTypes.empty()) return {PlatformVerdict::NoMachineTypes};
+  if (lists.systems.empty()) return {PlatformVerdict::NoOperatingSystems};
+  if (lists.architectures.empty()) return {PlatformVerdict::NoArchitectures};
+  const std::size_t size = lists.Size();
+  for (std::size_t i = 0; i < size; ++i) {
+    if (lists.machineTypes[i] != machineType)
+      continue;  // saves reading the numbers of most entries
+    if (EvaluatePlatformEntry(lists.Entry(i), osValue, arcValue, machineType).IsMatch()) {
       return {PlatformVerdict::Matched, i};
     }
   }
   return {PlatformVerdict::NotMatched};
+}
+
+std::vector<PlatformEntry> ReadPlatformEntries(const SupXmlProperties& properties) {
+  const OrderedLists lists(properties);
+  std::vector<PlatformEntry> entries;
+  for (std::size_t i = 0; i < lists.Size(); ++i) entries.push_back(lists.Entry(i));
+  return entries;
+}
+
+PlatformFit EvaluatePlatformEntry(const PlatformEntry& entry, OsValue osValue, ArcValue arcValue,
+                                  const std::string& machineType) {
+  return {entry.machineType == machineType, MatchesOrAny(entry.osValue, osValue),
+          MatchesOrAny(entry.arcValue, arcValue)};
+}
+
+std::vector<PlatformFit> EvaluatePlatformEntries(const SupXmlProperties& properties,
+                                                 OsValue osValue, ArcValue arcValue,
+                                                 const std::string& machineType) {
+  std::vector<PlatformFit> fits;
+  for (const PlatformEntry& entry : ReadPlatformEntries(properties)) {
+    fits.push_back(EvaluatePlatformEntry(entry, osValue, arcValue, machineType));
+  }
+  return fits;
 }
 
 }  // namespace Vornik

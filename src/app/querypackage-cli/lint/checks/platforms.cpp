@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 
+#include "filters/platform.h"
 #include "lint/checks/blanks.h"
 #include "lint/checks/checks.h"
 #include "lint/checks/numbers.h"
@@ -26,18 +27,20 @@ class PlatformChecks {
   PlatformChecks(const LintPackage& package, LintReport& report)
       : package_(package), report_(report) {}
 
-  // The shortest list decides; a list without entries is another finding.
+  // A list without entries is another finding.
   void CheckLengths() {
     std::array<std::size_t, 3> lengths{};
     std::transform(orderedLists.begin(), orderedLists.end(), lengths.begin(),
                    [this](const char* name) { return package_.Values(name).size(); });
-    const auto [least, most] = std::minmax_element(lengths.begin(), lengths.end());
-    if (*least == *most || *least == 0) return;
-    const char* shortest = orderedLists[static_cast<std::size_t>(least - lengths.begin())];
-    Add(LintId::ListsUnequal, package_.PlaceOfProperty(shortest),
+    const std::size_t counted = ReadPlatformEntries(package_.Properties()).size();
+    const bool areEqual = std::count(lengths.begin(), lengths.end(), counted) == 3;
+    if (areEqual || counted == 0) return;
+    const auto shortest = std::find(lengths.begin(), lengths.end(), counted) - lengths.begin();
+    Add(LintId::ListsUnequal,
+        package_.PlaceOfProperty(orderedLists[static_cast<std::size_t>(shortest)]),
         fmt::format("The ordered lists have {} machine types, {} operating systems and {} "
                     "architectures, so only the first {} of each count.",
-                    lengths[0], lengths[1], lengths[2], *least));
+                    lengths[0], lengths[1], lengths[2], counted));
   }
 
   void CheckCodes(const char* list, const char* what) {

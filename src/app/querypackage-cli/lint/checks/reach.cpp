@@ -4,8 +4,8 @@
 #include <set>
 #include <string>
 
+#include "filters/platform.h"
 #include "lint/checks/checks.h"
-#include "lint/checks/platform_entries.h"
 #include "model/literals.h"
 #include "output/wording.h"
 #include "records/pack_selection.h"
@@ -34,7 +34,7 @@ void CheckReach(const LintFolder& folder, LintReport& report) {
   if (types.empty()) return;
   const std::string list = BriefList({types.begin(), types.end()});
   for (const LintPackage* package : AllPackages(folder)) {
-    const auto entries = PlatformEntriesOf(package->Properties());
+    const auto entries = ReadPlatformEntries(package->Properties());
     const bool isReached = std::any_of(
         entries.begin(), entries.end(),
         [&types](const PlatformEntry& entry) { return types.count(entry.machineType) != 0; });

@@ -7,10 +7,10 @@
 #include <string>
 #include <utility>
 
+#include "filters/platform.h"
 #include "filters/supersede/code_index.h"
 #include "filters/supersede/version_ranking.h"
 #include "lint/checks/checks.h"
-#include "lint/checks/platform_entries.h"
 #include "lint/checks/version_order.h"
 #include "model/literals.h"
 #include "output/wording.h"
@@ -35,7 +35,7 @@ struct RankedPackage {
 using Indices = std::vector<std::size_t>;
 
 RankedPackage RankedOf(const LintPackage& package) {
-  RankedPackage ranked{&package, {}, {}, PlatformEntriesOf(package.Properties())};
+  RankedPackage ranked{&package, {}, {}, ReadPlatformEntries(package.Properties())};
   ranked.record.identificationCode = package.Code();
   ranked.record.Version = package.Value(PropertyName::Version);
   for (auto& file : ReadDriverFiles(package.Properties()).files) {
@@ -45,19 +45,20 @@ RankedPackage RankedOf(const LintPackage& package) {
 }
 
 // The numbers to ask for so that every entry is met: those that are listed, or any if none is.
+template <typename Code>
 class Candidates {
  public:
-  void Add(std::uint32_t code) {
-    if (code != anyCode) codes_.insert(code);
+  void Add(Code code) {
+    if (code != Code::NotSet) codes_.insert(code);
   }
 
-  std::vector<std::uint32_t> Codes() const {
-    if (codes_.empty()) return {anyCode};
+  std::vector<Code> Codes() const {
+    if (codes_.empty()) return {Code::NotSet};
     return {codes_.begin(), codes_.end()};
   }
 
  private:
-  std::set<std::uint32_t> codes_;
+  std::set<Code> codes_;
 };
 
 // Packages that share a driver file.
@@ -117,17 +118,17 @@ class VersionChecks {
     }
   }
 
-  // For each system and architecture, the packages that are for it.
+  // For each system and architecture, the packages that are for it. places: of one machine type.
   static std::vector<Indices> MetTogether(const std::vector<Place>& places) {
-    Candidates systems;
-    Candidates architectures;
+    Candidates<OsValue> systems;
+    Candidates<ArcValue> architectures;
     for (const Place& place : places) {
-      systems.Add(place.entry->system);
-      architectures.Add(place.entry->architecture);
+      systems.Add(place.entry->osValue);
+      architectures.Add(place.entry->arcValue);
     }
     std::vector<Indices> sets;
-    for (const std::uint32_t system : systems.Codes()) {
-      for (const std::uint32_t architecture : architectures.Codes()) {
+    for (const OsValue system : systems.Codes()) {
+      for (const ArcValue architecture : architectures.Codes()) {
         if (sets.size() == mostPlatforms) return sets;
         sets.push_back(MetBy(places, system, architecture));
       }
@@ -135,12 +136,13 @@ class VersionChecks {
     return sets;
   }
 
-  static Indices MetBy(const std::vector<Place>& places, std::uint32_t system,
-                       std::uint32_t architecture) {
+  static Indices MetBy(const std::vector<Place>& places, OsValue system, ArcValue architecture) {
     Indices met;
-    for (const Place& place : places) {
-      if (!Suits(*place.entry, system, architecture)) continue;
-      if (met.empty() || met.back() != place.package) met.push_back(place.package);
+    for (const auto& [package, entry] : places) {
+      if (!EvaluatePlatformEntry(*entry, system, architecture, entry->machineType).IsMatch()) {
+        continue;
+      }
+      if (met.empty() || met.back() != package) met.push_back(package);
     }
     return met;
   }

@@ -12,7 +12,6 @@
 #include "output/wording.h"
 #include "records/pack_selection.h"
 #include "text/decimal.h"
-#include "text/letter_case.h"
 
 namespace Vornik::Cli {
 
@@ -57,36 +56,39 @@ struct PackReach {
 // Packs that apply to the same machines.
 using Rivals = std::vector<const PackReach*>;
 
-bool AppliesTo(const PackReach& reach, std::uint32_t system) {
-  return reach.systems.count(anyCode) != 0 || reach.systems.count(system) != 0;
-}
-
-// In this order, the file name of the pack that is chosen.
-std::string ChosenOf(const Rivals& rivals) {
-  std::vector<const SupXmlProperties*> packs;
-  for (const PackReach* rival : rivals) packs.push_back(&rival->pack->members.front().Properties());
-  return rivals.at(ChosenPack(ChoosePack(packs)).value())->pack->file;
-}
-
 std::string VersionOf(const PackReach& reach) {
   return reach.pack->members.front().Value(PropertyName::Version);
 }
 
-// What the choice among them does. The version of the pack listed first is never read, so the one
-// of the greatest version is used unless it is listed first.
+bool AppliesTo(const PackReach& reach, std::uint32_t system) {
+  return reach.systems.count(anyCode) != 0 || reach.systems.count(system) != 0;
+}
+
+// The pack that is chosen if the folder lists them in this order.
+const PackReach* ChosenOf(const Rivals& rivals) {
+  std::vector<const SupXmlProperties*> packs;
+  for (const PackReach* rival : rivals) packs.push_back(&rival->pack->members.front().Properties());
+  return rivals.at(ChosenPack(ChoosePack(packs)).value());
+}
+
+// After a pack whose version is not read, each of theirs is, and so the greatest one is chosen.
+const PackReach* GreatestOf(Rivals rivals) {
+  rivals.insert(rivals.begin(), rivals.front());
+  return ChosenOf(rivals);
+}
+
+// What the choice among them does. The order of a folder's listing is not known. It matters where
+// it gives the pack with the greatest version first: that version is then never read.
 std::string ChoiceText(Rivals rivals) {
-  const auto greatest =
-      std::max_element(rivals.begin(), rivals.end(), [](const PackReach* a, const PackReach* b) {
-        return FoldByGlobalLocale(VersionOf(*a)) < FoldByGlobalLocale(VersionOf(*b));
-      });
-  std::rotate(greatest, greatest + 1, rivals.end());
-  const std::string usual = ChosenOf(rivals);
-  const std::string file = rivals.back()->pack->file;
+  const PackReach* greatest = GreatestOf(rivals);
+  const auto place = std::find(rivals.begin(), rivals.end(), greatest);
+  std::rotate(place, place + 1, rivals.end());
+  const std::string& usual = ChosenOf(rivals)->pack->file;
   std::rotate(rivals.begin(), rivals.end() - 1, rivals.end());
-  const std::string whenFirst = ChosenOf(rivals);
+  const std::string& whenFirst = ChosenOf(rivals)->pack->file;
   if (usual == whenFirst) return fmt::format("{} is used", usual);
   return fmt::format("{} is used, or {} if the folder's listing gives {} first", usual, whenFirst,
-                     file);
+                     greatest->pack->file);
 }
 
 class Competitions {

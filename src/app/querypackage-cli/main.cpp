@@ -26,6 +26,7 @@ constexpr const char* closingHelp = R"(Exit status:
   65  A descriptor that the query would reach would make it hang or end the process. --trust
       skips this check.
   70  An exception ended the query.
+  71  An internal error: the verdicts of a query and those that explain evaluates disagree.
   74  Standard output could not be written.
 Each status but 0 comes with a line on standard error that says what to do.
 

@@ -1,6 +1,9 @@
 // A folder that changes between the query and the look at its descriptors: no wrong reason is
 // given.
 #include <boost/filesystem/operations.hpp>
+#include <chrono>
+#include <filesystem>
+#include <functional>
 
 #include "cli_fixture.h"
 #include "explain/explain.h"
@@ -19,29 +22,41 @@ class FolderChangedTest : public CliTest {
     settings.arcValue = static_cast<ArcValue>(9);
   }
 
-  // Runs the query, lets the folder be changed, and explains.
-  template <typename Change>
-  Cli::Explanation ExplainAfter(Change change) {
-    Cli::LogOptions silent;
-    silent.level = 0;
-    Cli::LogCapture capture(silent);
-    const Cli::LibraryRun run = Cli::RunLibrary(settings, Cli::Format::Json);
-    const Cli::LogLines log = capture.End();
-    change();
-    return Cli::Explain(settings, "a", run, log, [this](const auto&, const auto&) {
-      ++tries;
-      return true;
-    });
+  // Lets the folder be changed after the query.
+  Cli::Explanation ExplainAfter(const std::function<void()>& change) {
+    return Explain([] {}, change);
+  }
+
+  // Lets it be changed between the reading and the query.
+  Cli::Explanation ExplainWhereChangedBefore(const std::function<void()>& change) {
+    return Explain(change, [] {});
   }
 
   Cli::QuerySettings settings;
-  int tries = 0;
+
+ private:
+  Cli::Explanation Explain(const std::function<void()>& beforeQuery,
+                           const std::function<void()>& afterQuery) {
+    const auto before = Cli::ListEntries(folder.Path());
+    const Cli::FolderReading reading = Cli::ReadFolder(folder.Path());
+    beforeQuery();
+    const Cli::LibraryRun run = Cli::RunLibrary(settings, Cli::Format::Json);
+    afterQuery();
+    Cli::QueryModel model(reading, folder.Path());
+    const Cli::Evaluation evaluation = model.Evaluate(settings);
+    const Cli::EvaluatedQuery query{settings, run, model, evaluation,
+                                    Cli::ListEntries(folder.Path()) != before};
+    EXPECT_EQ(Cli::FindDisagreement(query), std::nullopt);
+    return Cli::Explain(query, "a");
+  }
 };
 
 TEST_F(FolderChangedTest, UnchangedFolderIsNotSaidToHaveChanged) {
   WritePackage("a");
-  EXPECT_FALSE(ExplainAfter([] {}).folderChanged);
-  EXPECT_GT(tries, 0);
+  const Cli::Explanation explanation = ExplainAfter([] {});
+  EXPECT_FALSE(explanation.folderChanged);
+  ASSERT_EQ(explanation.packages.size(), 1U);
+  EXPECT_EQ(explanation.packages[0].remedies.state, Cli::RemedyState::Found);
 }
 
 TEST_F(FolderChangedTest, ReasonThatGivesAnotherVerdictIsLeftOut) {
@@ -59,17 +74,16 @@ TEST_F(FolderChangedTest, ReasonThatGivesAnotherVerdictIsLeftOut) {
     EXPECT_TRUE(filter.properties.empty());
     EXPECT_EQ(filter.file, "");
   }
-  EXPECT_EQ(explanation.packages[0].wayOut.state, Cli::WayOutState::Unknown);
-  EXPECT_EQ(tries, 0);
+  EXPECT_EQ(explanation.packages[0].remedies.state, Cli::RemedyState::Unknown);
+  EXPECT_TRUE(explanation.packages[0].remedies.queries.empty());
   EXPECT_THAT(Cli::ExplanationText(explanation, false),
               testing::StartsWith("The folder changed after the query."));
   EXPECT_EQ(Json::parse(Cli::ExplanationJson(explanation))["folderChanged"], true);
 }
 
-TEST_F(FolderChangedTest, DescriptorThatIsGoneLeavesTheVerdicts) {
-  WritePackage("a");
-  const Cli::Explanation explanation =
-      ExplainAfter([this] { boost::filesystem::remove(folder.Path() + "/a.xml"); });
+TEST_F(FolderChangedTest, DescriptorThatWasNotReadLeavesTheVerdicts) {
+  WritePackage("b");
+  const Cli::Explanation explanation = ExplainWhereChangedBefore([this] { WritePackage("a"); });
   EXPECT_TRUE(explanation.folderChanged);
   ASSERT_EQ(explanation.packages.size(), 1U);
   EXPECT_EQ(explanation.packages[0].refusedBy, std::vector<Cli::FilterId>{Cli::FilterId::Kovu});
@@ -93,20 +107,24 @@ TEST_F(FolderChangedTest, BrokenFileThatIsMendedIsSaidToBeSo) {
   EXPECT_TRUE(explanation.packages.empty());
 }
 
-TEST_F(FolderChangedTest, ChangeThatTheLibraryDoesNotAgreeToIsNotGiven) {
+TEST_F(FolderChangedTest, DescriptorThatIsGoneAfterTheQueryIsSaidToBeAChange) {
   WritePackage("a");
-  Cli::LogOptions silent;
-  silent.level = 0;
-  Cli::LogCapture capture(silent);
-  const Cli::LibraryRun run = Cli::RunLibrary(settings, Cli::Format::Json);
-  const Cli::LogLines log = capture.End();
   const Cli::Explanation explanation =
-      Cli::Explain(settings, "a", run, log, [](const auto&, const auto&) { return false; });
+      ExplainAfter([this] { boost::filesystem::remove(folder.Path() + "/a.xml"); });
+  EXPECT_TRUE(explanation.folderChanged);
   ASSERT_EQ(explanation.packages.size(), 1U);
-  const Cli::WayOut& wayOut = explanation.packages[0].wayOut;
-  EXPECT_EQ(wayOut.state, Cli::WayOutState::Unknown);
-  EXPECT_TRUE(wayOut.searchEnded);
-  EXPECT_TRUE(wayOut.queries.empty());
+  EXPECT_EQ(explanation.packages[0].refusedBy, (std::vector<Cli::FilterId>{Cli::FilterId::Kovu}));
+}
+
+TEST_F(FolderChangedTest, SizeOrTimeOfAFileIsEnough) {
+  WritePackage("a");
+  folder.Write("notes.txt", "x");
+  const std::string path = folder.Path() + "/notes.txt";
+  EXPECT_TRUE(ExplainAfter([this] { folder.Write("notes.txt", "xy"); }).folderChanged);
+  const auto later = std::filesystem::last_write_time(path) + std::chrono::seconds(2);
+  EXPECT_TRUE(ExplainAfter([&] { std::filesystem::last_write_time(path, later); }).folderChanged);
+  EXPECT_TRUE(ExplainAfter([&] { std::filesystem::rename(path, path + "2"); }).folderChanged);
+  EXPECT_FALSE(ExplainAfter([] {}).folderChanged);
 }
 
 }  // namespace

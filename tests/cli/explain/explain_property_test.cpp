@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <set>
 
-#include "cli_fixture.h"
 #include "explain/explain.h"
-#include "model/query_parameters.h"
-#include "random_repository.h"
+#include "random_folder.h"
 #include "remedy/settings_change.h"
 #include "test_random.h"
 
@@ -16,14 +14,6 @@ namespace {
 using Cli::QuerySettings;
 using Records = std::vector<QueryPackageResult>;
 
-Descriptor WithProperties(const SupXmlProperties& properties) {
-  Descriptor descriptor;
-  for (const SupXmlProperty& property : properties) {
-    descriptor.Set(property.name, property.values);
-  }
-  return descriptor;
-}
-
 bool Passes(const QuerySettings& settings, const std::string& code) {
   const Cli::LibraryRun run = Cli::RunLibrary(settings, Cli::Format::Json);
   const auto record = std::find_if(run.records.begin(), run.records.end(), [&](const auto& each) {
@@ -31,13 +21,6 @@ bool Passes(const QuerySettings& settings, const std::string& code) {
   });
   return run.code == QueryCode::Completed && record != run.records.end() &&
          Cli::IsMatchedByAll(*record, settings);
-}
-
-bool IsValid(const QuerySettings& settings) {
-  return CheckParameters({settings.folder, settings.machineType, settings.osValue,
-                          settings.arcValue, settings.includePackageIds,
-                          settings.excludePackageIds})
-             .fault == ParameterFault::None;
 }
 
 // Valid queries that differ from the given one in exactly one setting. Of the lists: empty, and
@@ -49,7 +32,7 @@ std::vector<QuerySettings> Neighbours(const QuerySettings& settings, const std::
     QuerySettings changed = settings;
     change(changed);
     const bool differs = Cli::ChangesBetween(settings, changed).size() == 1;
-    if (differs && IsValid(changed)) neighbours.push_back(changed);
+    if (differs && Cli::HasValidParameters(changed)) neighbours.push_back(changed);
   };
   for (const char* type : {"1234", "5678"}) add([&](auto& s) { s.machineType = type; });
   for (const unsigned int os : {10U, 11U}) {
@@ -73,85 +56,25 @@ std::vector<QuerySettings> Neighbours(const QuerySettings& settings, const std::
   return neighbours;
 }
 
-class ExplainPropertyTest : public CliTest {
+class ExplainPropertyTest : public RandomFolderTest {
  protected:
-  ExplainPropertyTest() {
-    folder.Write("p.exe", "x");
-    silent.level = 0;
-  }
-
-  // Half of them with ordered lists of one machine, so that many can be offered.
-  static Descriptor RandomPackage(RandomRepository& random) {
-    Descriptor package = WithProperties(random.Package());
-    RandomPick& pick = random.Pick();
-    if (pick.OneIn(2)) {
-      const auto machineType = pick.Of<std::string>({"1234", "5678"});
-      const auto os = pick.Of<std::string>({"10", "11", "0"});
-      package.For(machineType, os, pick.Of<std::string>({"9", "5", "0"}));
-    }
-    return package;
-  }
-
-  void WriteRepository(RandomRepository& random) {
-    for (const std::string& name : names) {
-      boost::filesystem::remove(boost::filesystem::path(folder.Path()) / name);
-    }
-    names.clear();
-    random.SetFileNames({"i0.xml", "i0.xml", "i0.xml", "none.xml"}, {"p.exe", "p.exe", "none.exe"});
-    const std::size_t individuals = random.Pick().Below(6);
-    for (std::size_t i = 0; i <= individuals; ++i) {
-      WriteFile("i" + std::to_string(i) + ".xml", RandomPackage(random).Individual());
-    }
-    const std::size_t packs = random.Pick().Below(4);
-    for (std::size_t i = 0; i < packs; ++i) WritePack("k" + std::to_string(i) + ".xml", random);
-  }
-
-  void WritePack(const std::string& name, RandomRepository& random) {
-    std::vector<Descriptor> instances;
-    if (!random.Pick().OneIn(10)) {
-      instances.push_back(WithProperties(random.PackLevel()).Set("xmlFilename", name));
-    }
-    const std::size_t members = random.Pick().Below(4);
-    for (std::size_t m = 0; m <= members; ++m) {
-      instances.push_back(RandomPackage(random));
-    }
-    WriteFile(name, Pack(instances));
-  }
-
-  void WriteFile(const std::string& name, const std::string& text) {
-    folder.Write(name, text);
-    names.push_back(name);
-  }
-
-  // Valid ones.
-  QuerySettings Settings(RandomRepository& random) {
-    QuerySettings settings;
-    while (!IsValid(settings)) {
-      QueryPackageImp query;
-      random.Configure(query);
-      settings = {
-          folder.Path(),     query.machineType,        query.osValue,           query.arcValue,
-          query.updateTypes, query.includePackageIds,  query.excludePackageIds, query.kovuFilter,
-          query.sepFilter,   query.payloadExistFilter, query.supersedeFilter};
-    }
-    return settings;
-  }
-
   void Check(const QuerySettings& settings) {
-    Cli::LogCapture capture(silent);
+    const Cli::FolderReading reading = Cli::ReadFolder(folder.Path());
     const Cli::LibraryRun run = Cli::RunLibrary(settings, Cli::Format::Json);
-    const Cli::LogLines log = capture.End();
     if (run.code != QueryCode::Completed) return;
+    Cli::QueryModel model(reading, folder.Path());
+    const Cli::Evaluation evaluation = model.Evaluate(settings);
+    const Cli::EvaluatedQuery query{settings, run, model, evaluation};
+    ASSERT_EQ(Cli::FindDisagreement(query), std::nullopt);
     for (const QueryPackageResult& record : run.records) {
       codes.insert(record.identificationCode);
     }
     for (const QueryPackageResult& record : run.records) {
-      const Cli::Explanation explanation =
-          Cli::Explain(settings, record.identificationCode, run, log, Passes);
+      const Cli::Explanation explanation = Cli::Explain(query, record.identificationCode);
       ASSERT_FALSE(explanation.folderChanged);
       ASSERT_EQ(explanation.packages.size(), 1U);
       ASSERT_NO_FATAL_FAILURE(CheckVerdicts(explanation.packages[0], record, settings));
-      ASSERT_NO_FATAL_FAILURE(CheckWayOut(explanation.packages[0].wayOut, record, settings));
+      ASSERT_NO_FATAL_FAILURE(CheckRemedies(explanation.packages[0].remedies, record, settings));
     }
   }
 
@@ -195,21 +118,21 @@ class ExplainPropertyTest : public CliTest {
     }
   }
 
-  void CheckWayOut(const Cli::WayOut& out, const QueryPackageResult& record,
-                   const QuerySettings& settings) {
+  void CheckRemedies(const Cli::Remedies& remedies, const QueryPackageResult& record,
+                     const QuerySettings& settings) {
     const std::string& code = record.identificationCode;
     const bool offered = Cli::IsMatchedByAll(record, settings);
-    ASSERT_EQ(out.state == Cli::WayOutState::NotNeeded, offered);
-    ASSERT_NE(out.state, Cli::WayOutState::Unknown);
-    ASSERT_EQ(out.queries.empty(), out.state != Cli::WayOutState::Found);
+    ASSERT_EQ(remedies.state == Cli::RemedyState::NotNeeded, offered);
+    ASSERT_NE(remedies.state, Cli::RemedyState::Unknown);
+    ASSERT_EQ(remedies.queries.empty(), remedies.state != Cli::RemedyState::Found);
     if (offered) return;
     std::size_t size = 3;
-    for (const QuerySettings& query : out.queries) {
+    for (const QuerySettings& query : remedies.queries) {
       size = Cli::ChangesBetween(settings, query).size();
-      ASSERT_EQ(size, Cli::ChangesBetween(settings, out.queries.front()).size());
+      ASSERT_EQ(size, Cli::ChangesBetween(settings, remedies.queries.front()).size());
       ASSERT_TRUE(Passes(query, code)) << code;
     }
-    ++(out.queries.empty() ? impossible : found);
+    ++(remedies.queries.empty() ? impossible : found);
     const std::vector<std::string> all(codes.begin(), codes.end());
     if (size < 2) return;
     for (const QuerySettings& single : Neighbours(settings, code, all)) {
@@ -230,7 +153,7 @@ class ExplainPropertyTest : public CliTest {
       WriteRepository(random);
       codes.clear();
       checksPairs = round % 30 == 0;
-      ASSERT_NO_FATAL_FAILURE(Check(Settings(random)));
+      ASSERT_NO_FATAL_FAILURE(Check(ValidSettings(random)));
     }
     if (!test.RunsAllRounds()) return;
     EXPECT_GT(packages, 300U);
@@ -245,8 +168,6 @@ class ExplainPropertyTest : public CliTest {
     return text;
   }
 
-  Cli::LogOptions silent;
-  std::vector<std::string> names;
   std::set<std::string> codes;
   std::set<std::string> reasons;
   std::size_t packages = 0;

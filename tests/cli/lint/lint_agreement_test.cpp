@@ -49,22 +49,22 @@ bool HasOne(const Cli::LintResult& result, const std::string& file, const Ids& i
   });
 }
 
-void ExpectSameFiles(const Cli::LintResult& result, const Cli::Repository& repository) {
-  EXPECT_EQ(result.files, repository.files.size());
-  for (const Cli::RepositoryFile& file : repository.files) {
+void ExpectSameFiles(const Cli::LintResult& result, const Cli::FolderReading& reading) {
+  EXPECT_EQ(result.files, reading.files.size());
+  for (const Cli::RepositoryFile& file : reading.files) {
     const bool isLost = file.reading.fault != DescriptorFault::None;
     const Ids ids = isLost ? IdsOf(file.reading) : lossOfAFile;
     EXPECT_EQ(HasOne(result, file.name, ids), isLost) << file.name;
   }
 }
 
-void ExpectSamePayloads(const Cli::LintResult& result, const Cli::Repository& repository,
+void ExpectSamePayloads(const Cli::LintResult& result, const Cli::FolderReading& reading,
                         const std::string& folder) {
   const Ids missing{LintId::PayloadMissing, LintId::XmlFilenameMissingFile};
   Ids refused{LintId::PropertyMissing, LintId::PropertyEmpty, LintId::PayloadOutside,
               LintId::NameInvalid, LintId::SeparatorForeign};
   refused.insert(missing.begin(), missing.end());
-  for (const PackageXmlEntry& entry : repository.individuals) {
+  for (const PackageXmlEntry& entry : reading.repository.packageXmlEntries()) {
     const std::string name = boost::filesystem::path(entry.xmlFile).filename().string();
     if (EvaluatePayload(entry.properties, folder) == PayloadVerdict::Found) {
       EXPECT_FALSE(HasOne(result, name, missing)) << name;
@@ -80,7 +80,7 @@ void ExpectSameHazard(const Cli::LintResult& result, const std::string& folder) 
   settings.machineType = "1234";
   settings.osValue = static_cast<OsValue>(10);
   settings.arcValue = static_cast<ArcValue>(9);
-  const auto hazard = Cli::FindHazard(settings);
+  const auto hazard = Cli::FindHazard(settings, Cli::ReadFolderOf(settings));
   const bool isNamed =
       std::any_of(result.findings.begin(), result.findings.end(), [](const auto& finding) {
         return finding.id == LintId::InstanceMisfit || finding.id == LintId::ClassificationsMissing;
@@ -96,9 +96,9 @@ TEST_F(LintAgreementTest, EachCaseIsSeenAsAQuerySeesIt) {
       boost::filesystem::create_directory(folder.Path());
       WriteFiles(files);
       const Cli::LintResult result = LintNatively();
-      const Cli::Repository repository = Cli::ReadRepository(folder.Path());
-      ExpectSameFiles(result, repository);
-      ExpectSamePayloads(result, repository, folder.Path());
+      const Cli::FolderReading reading = Cli::ReadFolder(folder.Path());
+      ExpectSameFiles(result, reading);
+      ExpectSamePayloads(result, reading, folder.Path());
       ExpectSameHazard(result, folder.Path());
     }
   }
@@ -107,9 +107,9 @@ TEST_F(LintAgreementTest, EachCaseIsSeenAsAQuerySeesIt) {
 TEST_F(LintAgreementTest, AllCasesInOneFolderAreSeenAsAQuerySeesThem) {
   for (const LintCase& one : AllLintCases()) WriteFiles(one.faulty);
   const Cli::LintResult result = LintNatively();
-  const Cli::Repository repository = Cli::ReadRepository(folder.Path());
-  ExpectSameFiles(result, repository);
-  ExpectSamePayloads(result, repository, folder.Path());
+  const Cli::FolderReading reading = Cli::ReadFolder(folder.Path());
+  ExpectSameFiles(result, reading);
+  ExpectSamePayloads(result, reading, folder.Path());
 }
 
 // The folder's packages that a query keeps, against those that lint says are superseded.

@@ -29,6 +29,24 @@ TEST(Repository, FindsTheFirstPackageInOrder) {
   EXPECT_EQ(repository.Find("C"), nullptr);
 }
 
+TEST(Repository, NamesThePlaceOfAPackage) {
+  Repository repository;
+  repository.Add(Entry("a"));
+  repository.Add(Entry("b"));
+  repository.Add(KovuPackEntry{"p.xml", {Entry("own"), Entry("a")}});
+  const KovuPackEntry& pack = repository.kovuPackEntries()[0];
+  const PropertySource member = repository.FindSource("a");
+  EXPECT_EQ(member.entry, &pack.members[1]);
+  EXPECT_EQ(member.pack, &pack);
+  EXPECT_EQ(member.member, 1U);
+  EXPECT_EQ(member.File(), "p.xml");
+  const PropertySource individual = repository.FindSource("b");
+  EXPECT_EQ(individual.entry, &repository.packageXmlEntries()[1]);
+  EXPECT_EQ(individual.pack, nullptr);
+  EXPECT_EQ(individual.File(), "b.xml");
+  EXPECT_EQ(repository.FindSource("c").entry, nullptr);
+}
+
 TEST(Repository, LastCodeOfAPackageIsItsCode) {
   PackageXmlEntry entry = Entry("old");
   entry.properties.push_back({"identificationCode", "", {"new", "other"}});

@@ -11,15 +11,16 @@
 
 namespace Vornik::Cli {
 
-std::optional<int> RefuseBefore(const QuerySettings& settings, const LogOptions& log, bool trust) {
+std::optional<int> DirectLog(const LogOptions& log) {
   std::string reason;
-  if (!ApplyLogOptions(log, reason)) {
-    return Fail(ExitStatus::usage,
-                fmt::format("the log file \"{}\" cannot be opened ({}): give another --log-file",
-                            log.file, reason));
-  }
-  if (trust) return std::nullopt;
-  const std::optional<Hazard> hazard = FindHazard(settings);
+  if (ApplyLogOptions(log, reason)) return std::nullopt;
+  return Fail(ExitStatus::usage,
+              fmt::format("the log file \"{}\" cannot be opened ({}): give another --log-file",
+                          log.file, reason));
+}
+
+std::optional<int> RefuseHazard(const QuerySettings& settings, const FolderReading& folder) {
+  const std::optional<Hazard> hazard = FindHazard(settings, folder);
   if (!hazard) return std::nullopt;
   return Fail(ExitStatus::hazard, Describe(*hazard));
 }

@@ -7,13 +7,18 @@
 #include <string>
 
 #include "commands/options.h"
+#include "model/folder_reading.h"
 
 namespace Vornik::Cli {
 
-// Directs the log records and, unless trusted, looks for contents that would hang the query or end
-// the process. The exit status with which the program has to end before it queries; none: go on.
-// Its line is printed already.
-std::optional<int> RefuseBefore(const QuerySettings& settings, const LogOptions& log, bool trust);
+// Each returns the exit status with which the program has to end before it queries, with its line
+// printed; none: go on.
+
+// Directs the log records.
+std::optional<int> DirectLog(const LogOptions& log);
+
+// Looks for contents of the query's folder that would hang the query or abort the process.
+std::optional<int> RefuseHazard(const QuerySettings& settings, const FolderReading& folder);
 
 // The exit status of run, or that of the exception which leaves it.
 int StatusOfRun(const std::function<int()>& run);

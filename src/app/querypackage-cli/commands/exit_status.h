@@ -12,8 +12,9 @@ inline constexpr int success = 0;
 inline constexpr int negative = 1;  // explain knows nothing by the id; lint has findings to fail on
 inline constexpr int usage = 64;    // the command line is wrong, or its log file cannot be opened
 inline constexpr int hazard = 65;   // a descriptor would make the query hang or end the process
-inline constexpr int exception = 70;   // an exception ended the query
-inline constexpr int outputLost = 74;  // standard output could not be written
+inline constexpr int exception = 70;      // an exception ended the query
+inline constexpr int internalError = 71;  // the program contradicts itself
+inline constexpr int outputLost = 74;     // standard output could not be written
 }  // namespace ExitStatus
 
 // Writes one line to standard error, under the program's name.

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "commands/command_frame.h"
 #include "commands/exit_status.h"
@@ -12,8 +13,9 @@
 #include "explain/explain.h"
 #include "explain/json.h"
 #include "explain/text.h"
-#include "model/captured_log.h"
+#include "model/folder_reading.h"
 #include "model/library_run.h"
+#include "model/query_model.h"
 #include "output/terminal.h"
 
 namespace Vornik::Cli {
@@ -28,37 +30,14 @@ struct ExplainOptions {
   bool trust = false;
 };
 
-// Whether the library lets the package through.
-bool Passes(const QuerySettings& settings, const std::string& code, const LogOptions& log) {
-  const LogPause pause(log);
-  const LibraryRun run = RunLibrary(settings, Format::Json);
-  const std::size_t index = IndexOf(run.records, code);
-  return run.code == QueryCode::Completed && index < run.records.size() &&
-         IsMatchedByAll(run.records[index], settings);
-}
-
-Explanation RunAndExplain(const ExplainOptions& options) {
-  LogCapture capture(options.log);
-  const LibraryRun run = RunLibrary(options.query, options.format);
-  const LogLines log = capture.End();
-  return Explain(options.query, options.package, run, log,
-                 [&options](const QuerySettings& settings, const std::string& code) {
-                   return Passes(settings, code, options.log);
-                 });
-}
-
 bool PrintExplanation(const ExplainOptions& options, const Explanation& explanation) {
   if (options.format == Format::Json) return Print(ExplanationJson(explanation));
-  const bool explained = explanation.returnCode == QueryCode::Completed ||
-                         explanation.returnCode == QueryCode::NoResults;
-  return !explained || Print(ExplanationText(explanation, WantsColour()));
+  return !IsExplained(explanation.returnCode) || Print(ExplanationText(explanation, WantsColour()));
 }
 
 int StatusOf(const Explanation& explanation) {
   const int code = explanation.returnCode;
-  if (code != QueryCode::Completed && code != QueryCode::NoResults) {
-    return Fail(code, Advice(code, explanation.query));
-  }
+  if (!IsExplained(code)) return Fail(code, Advice(code, explanation.query));
   if (IsKnown(explanation)) return ExitStatus::success;
   return Fail(ExitStatus::negative,
               fmt::format("nothing in the folder is known as \"{}\": check the spelling; "
@@ -67,17 +46,37 @@ int StatusOf(const Explanation& explanation) {
 }
 
 int ExplainPackage(const ExplainOptions& options) {
-  const Explanation explanation = RunAndExplain(options);
+  const std::vector<FolderEntry> before = ListEntries(options.query.folder);
+  const FolderReading folder = ReadFolderOf(options.query);
+  if (!options.trust) {
+    if (const auto refusal = RefuseHazard(options.query, folder)) return *refusal;
+  }
+  const LibraryRun run = RunLibrary(options.query, options.format);
   ReportLostLogRecords();
+
+  QueryModel model(folder, options.query.folder);
+  const Evaluation evaluation = model.Evaluate(options.query);
+  const EvaluatedQuery query{options.query, run, model, evaluation,
+                             ListEntries(options.query.folder) != before};
+  if (const auto failure = FailOnDisagreement(query)) return *failure;
+  const Explanation explanation = Explain(query, options.package);
   return PrintExplanation(options, explanation) ? StatusOf(explanation) : FailToPrint();
 }
 
 int RunExplainCommand(const ExplainOptions& options) {
-  if (const auto refusal = RefuseBefore(options.query, options.log, options.trust)) return *refusal;
+  if (const auto refusal = DirectLog(options.log)) return *refusal;
   return StatusOfRun([&options] { return ExplainPackage(options); });
 }
 
 }  // namespace
+
+std::optional<int> FailOnDisagreement(const EvaluatedQuery& query) {
+  const std::optional<std::string> disagreement = FindDisagreement(query);
+  if (!disagreement) return std::nullopt;
+  return Fail(ExitStatus::internalError,
+              "internal error: " + *disagreement +
+                  ", although no file of the folder changed: please report it");
+}
 
 void AddExplainCommand(CLI::App& app, std::function<int()>& chosen) {
   CLI::App* command =

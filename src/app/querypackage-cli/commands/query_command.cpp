@@ -39,7 +39,11 @@ int Query(const QueryOptions& options) {
 }
 
 int RunQueryCommand(const QueryOptions& options) {
-  if (const auto refusal = RefuseBefore(options.query, options.log, options.trust)) return *refusal;
+  if (const auto refusal = DirectLog(options.log)) return *refusal;
+  if (!options.trust) {
+    const auto refusal = RefuseHazard(options.query, ReadFolderOf(options.query));
+    if (refusal) return *refusal;
+  }
   return StatusOfRun([&options] { return Query(options); });
 }
 

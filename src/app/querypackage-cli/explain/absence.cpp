@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "explain/stage_log.h"
+#include "explain/log_lines.h"
 #include "inspection/descriptor_inspection.h"
 #include "model/literals.h"
 #include "model/pack_text.h"
@@ -83,7 +83,7 @@ class Reasons {
 
  private:
   void AddPacks() {
-    const auto& packs = context_.model.Folder().packs;
+    const auto& packs = context_.model.Packages().kovuPackEntries();
     for (std::size_t i = 0; i < packs.size(); ++i) {
       for (std::size_t m = 0; m < packs[i].members.size(); ++m) AddMember(i, m);
       if (EqualByGlobalLocaleFold(FileStem(packs[i].kovuXmlFile), code_)) AddPackItself(packs[i]);
@@ -91,7 +91,7 @@ class Reasons {
   }
 
   void AddMember(std::size_t packIndex, std::size_t member) {
-    const KovuPackEntry& pack = context_.model.Folder().packs[packIndex];
+    const KovuPackEntry& pack = context_.model.Packages().kovuPackEntries()[packIndex];
     const PackageXmlEntry& entry = pack.members[member];
     const std::string code = CodeOf(entry.properties);
     if (code.empty() != code_.empty() || !EqualByGlobalLocaleFold(code, code_)) return;
@@ -116,7 +116,7 @@ class Reasons {
   // A chosen pack is no reason: its first member is lost for another one, the others are records.
   void AddPackVerdict(std::size_t packIndex, const std::string& code) {
     const auto& settings = context_.settings;
-    const auto& packs = context_.model.Folder().packs;
+    const auto& packs = context_.model.Packages().kovuPackEntries();
     const auto& packResults = context_.model.Packs(settings.machineType, settings.osValue);
     if (packResults[packIndex].chosen) return;
     reasons_.push_back(
@@ -148,13 +148,14 @@ class Reasons {
   // The id may be the name of a file whose descriptor has another code.
   void AddFilesWithOtherCode() {
     for (std::size_t i = 0; i < context_.query.built.size(); ++i) {
-      const BuiltRecord& built = *context_.query.built[i];
-      const std::string& file = built.source.entry->xmlFile;
+      const PropertySource& built = context_.query.built[i];
+      const std::string& file = built.entry->xmlFile;
       const bool named = !code_.empty() && (EqualByGlobalLocaleFold(FileStem(file), code_) ||
                                             EqualByGlobalLocaleFold(FileNameOf(file), code_));
-      const std::string& code = built.record.identificationCode;
-      if (built.source.pack != nullptr || !named || EqualByGlobalLocaleFold(code, code_)) continue;
-      const BuiltRecord* kept = KeptInsteadOf(i);
+      if (built.pack != nullptr || !named) continue;
+      const std::string code = CodeOf(built.entry->properties);
+      if (EqualByGlobalLocaleFold(code, code_)) continue;
+      const PropertySource* kept = KeptInsteadOf(i);
       reasons_.push_back(
           {kept == nullptr ? "otherCode" : "duplicate",
            code,
@@ -162,21 +163,21 @@ class Reasons {
            fmt::format("{} is the descriptor of {}{}.", file, CodeText(code),
                        kept == nullptr
                            ? ""
-                           : ", and was dropped as a repeat of the one in " + kept->source.File()),
+                           : ", and was dropped as a repeat of the one in " + kept->File()),
            "ask for " + CodeText(code),
            {}});
     }
   }
 
-  const BuiltRecord* KeptInsteadOf(std::size_t index) const {
+  const PropertySource* KeptInsteadOf(std::size_t index) const {
     for (const Duplicate& duplicate : context_.query.duplicates) {
-      if (duplicate.index == index) return context_.query.built[duplicate.kept];
+      if (duplicate.index == index) return &context_.query.built[duplicate.kept];
     }
     return nullptr;
   }
 
   void AddFaultyFiles() {
-    for (const RepositoryFile& file : context_.model.Folder().files) {
+    for (const RepositoryFile& file : context_.model.Files()) {
       if (file.reading.fault == DescriptorFault::None) continue;
       const CodeFinding finding = FindCodeIn(file.path, code_);
       if (finding.evidence == CodeEvidence::None) continue;
@@ -186,7 +187,7 @@ class Reasons {
            fmt::format("{} {}{}; {}.", file.path, OutcomeText(file.reading),
                        IsLoadFault(file.reading.fault) ? " (" + LoadFaultText(file) + ")" : "",
                        EvidenceText(finding)),
-           "correct the file", LinesOfFile(context_.log, file.path, file.name)});
+           "correct the file", LogLinesOf(file)});
     }
   }
 
@@ -230,7 +231,7 @@ std::vector<AbsenceReason> ExplainAbsence(const AbsenceContext& context, const s
 
 std::vector<std::string> CodesInOtherPacks(const AbsenceContext& context, const std::string& code) {
   std::vector<std::string> codes;
-  for (const KovuPackEntry& pack : context.model.Folder().packs) {
+  for (const KovuPackEntry& pack : context.model.Packages().kovuPackEntries()) {
     for (std::size_t m = 1; m < pack.members.size(); ++m) {
       const std::string spelling = CodeOf(pack.members[m].properties);
       if (!EqualByGlobalLocaleFold(spelling, code)) continue;

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "explain/explanation.h"
-#include "model/captured_log.h"
 #include "model/query_model.h"
 
 namespace Vornik::Cli {
@@ -14,8 +13,7 @@ namespace Vornik::Cli {
 struct AbsenceContext {
   const QuerySettings& settings;
   QueryModel& model;
-  const ModelledQuery& query;
-  const LogLines& log;
+  const Evaluation& query;
 };
 
 // Every reason that applies, in the order of the folder; codes and file names are compared without

@@ -7,10 +7,11 @@
 
 #include "explain/absence.h"
 #include "explain/filters.h"
-#include "explain/stage_log.h"
+#include "explain/log_lines.h"
 #include "explain/supersede.h"
 #include "model/record_comparison.h"
 #include "output/wording.h"
+#include "remedy/remedies.h"
 #include "text/letter_case.h"
 
 namespace Vornik::Cli {
@@ -19,9 +20,9 @@ namespace {
 
 using Records = std::vector<QueryPackageResult>;
 
-// The explanation is for the verdict in the record. Where the rules give another one for the
-// descriptors as they are now, the reason that they give is not the one that decided.
-void HoldAgainst(const QueryPackageResult& record, FilterExplanation& explanation) {
+// The explanation is for the verdict in the record. Where the folder changed and the evaluation
+// gives another one, its reason is not the one that decided.
+void OmitOtherReason(const QueryPackageResult& record, FilterExplanation& explanation) {
   const Filter& filter = FilterOf(explanation.filter);
   if (filter.slot == nullptr || explanation.status == record.*filter.slot) return;
   explanation.status = record.*filter.slot;
@@ -66,7 +67,7 @@ std::vector<FilterExplanation> ExplainGone(const QueryPackageResult& record,
 }
 
 void AddSource(const PackageContext& package, PackageExplanation& explanation) {
-  const PropertySource& own = package.query.origins[package.index]->source;
+  const PropertySource& own = package.query.origins[package.index];
   explanation.sourceIsOwn = own.entry == package.source.entry;
   if (package.source.entry == nullptr) {
     explanation.sourceText = "Without a code the filters look its properties up nowhere.";
@@ -110,19 +111,14 @@ void AddAnswer(const QuerySettings& settings, PackageExplanation& explanation) {
 // Explains the packages of one query.
 class Explainer {
  public:
-  Explainer(Explanation& explanation, const LibraryRun& run, const LogLines& log,
-            const Verification& verify)
+  Explainer(Explanation& explanation, const EvaluatedQuery& query)
       : explanation_(explanation),
-        settings_(explanation.query),
-        records_(run.records),
-        log_(log),
-        verify_(verify),
-        repository_(ReadRepository(settings_.folder)),
-        model_(repository_, settings_.folder),
-        query_(model_.Run(settings_)) {}
+        settings_(query.settings),
+        records_(query.run.records),
+        model_(query.model),
+        query_(query.evaluation) {}
 
   void Run() {
-    explanation_.folderChanged = !query_.canRun || !AreEqual(query_.records, records_);
     const std::string& id = explanation_.packageId;
     const std::size_t exact = IndexOf(records_, id);
     if (exact < records_.size()) {
@@ -147,52 +143,52 @@ class Explainer {
         package.otherSpellings.push_back(other.identificationCode);
       }
     }
-    AddFilters(index, package);
+    AddFilters(package);
     AddAnswer(settings_, package);
-    AddWayOut(package);
+    AddRemedies(package);
     explanation_.packages.push_back(std::move(package));
   }
 
-  void AddFilters(std::size_t index, PackageExplanation& package) {
-    const std::size_t modelled = IndexOf(query_.records, package.record.identificationCode);
-    if (modelled == query_.records.size()) {
+  void AddFilters(PackageExplanation& package) {
+    const std::string& code = package.record.identificationCode;
+    const std::size_t evaluated = IndexOf(query_.records, code);
+    if (evaluated == query_.records.size()) {
       package.filters = ExplainGone(package.record, settings_);
     } else {
-      const PackageContext context{settings_, model_, query_, modelled,
-                                   model_.SourceOf(package.record.identificationCode)};
+      const PackageContext context{settings_, model_, query_, evaluated, query_.sources[evaluated]};
       AddSource(context, package);
       package.filters = ExplainAll(context, package);
     }
     for (FilterExplanation& filter : package.filters) {
-      HoldAgainst(package.record, filter);
-      filter.log = LinesOfRecord(log_, filter.filter, records_, index);
+      OmitOtherReason(package.record, filter);
+      filter.log = LogLinesOf(filter, code, package.repeats.size());
     }
   }
 
-  void AddWayOut(PackageExplanation& package) {
-    package.wayOut.code = package.record.identificationCode;
+  void AddRemedies(PackageExplanation& package) {
+    package.remedies.code = package.record.identificationCode;
     if (package.answer == Answer::Offered) {
-      package.wayOut.state = WayOutState::NotNeeded;
+      package.remedies.state = RemedyState::NotNeeded;
     } else if (explanation_.folderChanged) {
-      package.wayOut.state = WayOutState::Unknown;
-      package.wayOut.searchEnded = true;
+      package.remedies.state = RemedyState::Unknown;
+      package.remedies.searchEnded = true;
     } else {
-      package.wayOut = FindSmallestChange(model_, settings_, package.wayOut.code, verify_);
+      package.remedies = FindRemedies(model_, settings_, package.remedies.code);
     }
   }
 
   void AddAbsence() {
-    const AbsenceContext context{settings_, model_, query_, log_};
+    const AbsenceContext context{settings_, model_, query_};
     for (AbsenceReason& reason : ExplainAbsence(context, explanation_.packageId)) {
-      if (!IsExplained(reason.code)) explanation_.absence.push_back(std::move(reason));
+      if (!HasPackage(reason.code)) explanation_.absence.push_back(std::move(reason));
     }
     if (!explanation_.packages.empty()) return;
     const auto codes = CodesInOtherPacks(context, explanation_.packageId);
     if (codes.empty() || explanation_.folderChanged) return;
-    explanation_.absenceWayOut = FindSmallestChange(model_, settings_, codes.front(), verify_);
+    explanation_.absenceRemedies = FindRemedies(model_, settings_, codes.front());
   }
 
-  bool IsExplained(const std::string& code) const {
+  bool HasPackage(const std::string& code) const {
     return std::any_of(explanation_.packages.begin(), explanation_.packages.end(),
                        [&code](const PackageExplanation& package) {
                          return package.record.identificationCode == code;
@@ -202,25 +198,42 @@ class Explainer {
   Explanation& explanation_;
   const QuerySettings& settings_;
   const Records& records_;
-  const LogLines& log_;
-  const Verification& verify_;
-  const Repository repository_;
-  QueryModel model_;
-  const ModelledQuery query_;
+  QueryModel& model_;
+  const Evaluation& query_;
 };
 
 }  // namespace
 
-Explanation Explain(const QuerySettings& settings, const std::string& packageId,
-                    const LibraryRun& run, const LogLines& log, const Verification& verify) {
+std::optional<std::string> FindDisagreement(const EvaluatedQuery& query) {
+  if (query.folderChanged || !IsExplained(query.run.code)) return std::nullopt;
+  const Records& records = query.run.records;
+  const Records& evaluated = query.evaluation.records;
+  if (records.size() != evaluated.size()) {
+    return fmt::format("the query gives {}, and its evaluation {}",
+                       Count(records.size(), "package"), evaluated.size());
+  }
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    if (AreEqual(records[i], evaluated[i])) continue;
+    return fmt::format("the query and its evaluation differ in package {} of {}, {}", i + 1,
+                       records.size(), CodeText(records[i].identificationCode));
+  }
+  return std::nullopt;
+}
+
+Explanation Explain(const EvaluatedQuery& query, const std::string& packageId) {
   Explanation explanation;
-  explanation.query = settings;
+  explanation.query = query.settings;
   explanation.packageId = packageId;
-  explanation.returnCode = run.code;
-  if (run.code == QueryCode::Completed || run.code == QueryCode::NoResults) {
-    Explainer(explanation, run, log, verify).Run();
+  explanation.returnCode = query.run.code;
+  if (IsExplained(query.run.code)) {
+    explanation.folderChanged = query.folderChanged;
+    Explainer(explanation, query).Run();
   }
   return explanation;
+}
+
+bool IsExplained(int returnCode) {
+  return returnCode == QueryCode::Completed || returnCode == QueryCode::NoResults;
 }
 
 bool IsKnown(const Explanation& explanation) {

@@ -1,22 +1,36 @@
-// Puts the explanation of one package id together, from a query that has run and the descriptors
-// as they are now.
+// Puts the explanation of one package id together, from a query that has run and its evaluation.
 #ifndef VORNIK_CLI_EXPLAIN_EXPLAIN_H
 #define VORNIK_CLI_EXPLAIN_EXPLAIN_H
 
+#include <optional>
 #include <string>
 
-#include "commands/options.h"
 #include "explain/explanation.h"
-#include "model/captured_log.h"
 #include "model/library_run.h"
-#include "remedy/smallest_change.h"
+#include "model/query_model.h"
+#include "model/query_settings.h"
 
 namespace Vornik::Cli {
 
-// run: what the query of these settings gave, and log what it logged. A query that was refused or
-// that could not read the folder is not explained: the packages and the absence stay empty.
-Explanation Explain(const QuerySettings& settings, const std::string& packageId,
-                    const LibraryRun& run, const LogLines& log, const Verification& verify);
+// A query with its evaluation, which is of the folder as it was read before the query.
+struct EvaluatedQuery {
+  const QuerySettings& settings;
+  const LibraryRun& run;
+  QueryModel& model;
+  const Evaluation& evaluation;
+  bool folderChanged = false;  // between the reading and the end of the query
+};
+
+// The first record in which the evaluation disagrees with the query, for a person. None: they
+// agree, or the folder changed, or the query had no records to give.
+std::optional<std::string> FindDisagreement(const EvaluatedQuery& query);
+
+// A query that was refused or that could not read the folder is not explained: the packages and the
+// absence stay empty.
+Explanation Explain(const EvaluatedQuery& query, const std::string& packageId);
+
+// Whether the query came as far as its records, even if there are none.
+bool IsExplained(int returnCode);
 
 // Whether there is something to say about the id.
 bool IsKnown(const Explanation& explanation);

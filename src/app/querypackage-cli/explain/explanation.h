@@ -75,7 +75,7 @@ enum class Answer {
   Undecided,  // refused by none, but a filter that ran lacks its data
 };
 
-enum class WayOutState {
+enum class RemedyState {
   NotNeeded,  // every filter that runs matches already
   Found,
   None,     // no other settings help
@@ -83,10 +83,10 @@ enum class WayOutState {
 };
 
 // Which other settings make every filter match.
-struct WayOut {
-  WayOutState state = WayOutState::None;
+struct Remedies {
+  RemedyState state = RemedyState::None;
   std::string code;
-  // Each differs from the query in as few settings as possible, was run and does what it promises.
+  // Each differs from the query in as few settings as possible, and was evaluated.
   std::vector<QuerySettings> queries;
   bool searchEnded = false;  // other queries, as small, may have been missed
   // What in the repository keeps a filter from matching, whatever the settings are.
@@ -106,7 +106,7 @@ struct PackageExplanation {
   std::vector<FilterExplanation> filters;   // in the order in which they run
   std::vector<Repeat> repeats;
   SupersedeChain supersede;
-  WayOut wayOut;
+  Remedies remedies;
 };
 
 // Why no record has the code.
@@ -126,7 +126,7 @@ struct Explanation {
   bool folderChanged = false;  // between the query and the look at the descriptors
   std::vector<PackageExplanation> packages;
   std::vector<AbsenceReason> absence;  // empty where a record has exactly that code
-  WayOut absenceWayOut;                // where packages is empty
+  Remedies absenceRemedies;            // where packages is empty
 };
 
 }  // namespace Vornik::Cli

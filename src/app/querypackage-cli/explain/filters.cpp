@@ -40,7 +40,7 @@ std::string ListingText(const KovuPackEntry& pack, const std::string& code) {
 // Which packs list the code, and why the package does not come from them.
 void AddPacksOf(FilterExplanation& explanation, const PackageContext& package) {
   const QuerySettings& settings = package.settings;
-  const auto& packs = package.model.Folder().packs;
+  const auto& packs = package.model.Packages().kovuPackEntries();
   const auto& packResults = package.model.Packs(settings.machineType, settings.osValue);
   for (std::size_t i = 0; i < packs.size(); ++i) {
     const std::string listing = ListingText(packs[i], package.Record().identificationCode);
@@ -121,24 +121,25 @@ void AddReading(FilterExplanation& explanation, const PackageContext& package,
 
 FilterExplanation ExplainDuplicate(const PackageContext& package, std::vector<Repeat>& repeats) {
   FilterExplanation explanation = BeginExplanation(FilterId::Duplicate, package);
-  const BuiltRecord* kept = package.query.origins[package.index];
-  explanation.file = kept->source.File();
+  const PropertySource& kept = package.query.origins[package.index];
+  explanation.file = kept.File();
   explanation.properties.push_back(
       {PropertyName::identificationCode, {package.Record().identificationCode}});
   for (const Duplicate& duplicate : package.query.duplicates) {
-    if (package.query.built[duplicate.kept] != kept) continue;
-    const BuiltRecord& dropped = *package.query.built[duplicate.index];
-    repeats.push_back(
-        {dropped.record.packageXmlFile, dropped.record.kovuXmlFile, dropped.record.Version});
+    if (package.query.built[duplicate.kept].entry != kept.entry) continue;
+    const PropertySource& dropped = package.query.built[duplicate.index];
+    const std::string version = GetPropertyValue(PropertyName::Version, dropped.entry->properties);
+    repeats.push_back({dropped.entry->xmlFile,
+                       dropped.pack == nullptr ? "" : dropped.pack->kovuXmlFile, version});
     explanation.details.push_back(fmt::format("{}, version \"{}\", was dropped as a repeat of it.",
-                                              PlaceOf(dropped.source), dropped.record.Version));
+                                              PlaceOf(dropped), version));
   }
   if (repeats.empty()) {
     return Say(explanation, "only", "No other descriptor of the query has this code.");
   }
   return Say(
       explanation, "first",
-      fmt::format("{} stands first and stayed; {} dropped.", PlaceOf(kept->source),
+      fmt::format("{} stands first and stayed; {} dropped.", PlaceOf(kept),
                   Count(repeats.size(), "repeat") + (repeats.size() == 1 ? " was" : " were")));
 }
 

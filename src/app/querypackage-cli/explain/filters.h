@@ -6,17 +6,17 @@
 #include <string>
 #include <vector>
 
-#include "commands/options.h"
 #include "explain/explanation.h"
 #include "model/query_model.h"
+#include "model/query_settings.h"
 
 namespace Vornik::Cli {
 
-// One package of a modelled query.
+// One package of an evaluated query.
 struct PackageContext {
   const QuerySettings& settings;
   QueryModel& model;
-  const ModelledQuery& query;
+  const Evaluation& query;
   std::size_t index = 0;  // into the query's records
   PropertySource source;  // where the filters read its properties
 

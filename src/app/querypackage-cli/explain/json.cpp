@@ -24,15 +24,15 @@ const char* NameOf(Answer answer) {
   return "undecided";
 }
 
-const char* NameOf(WayOutState state) {
+const char* NameOf(RemedyState state) {
   switch (state) {
-    case WayOutState::NotNeeded:
+    case RemedyState::NotNeeded:
       return "notNeeded";
-    case WayOutState::Found:
+    case RemedyState::Found:
       return "found";
-    case WayOutState::None:
+    case RemedyState::None:
       return "none";
-    case WayOutState::Unknown:
+    case RemedyState::Unknown:
       break;
   }
   return "unknown";
@@ -104,13 +104,13 @@ Json ChangeObject(const QuerySettings& before, const QuerySettings& after) {
           {"arguments", QueryArguments(after)}};
 }
 
-Json WayOutObject(const QuerySettings& query, const WayOut& out) {
+Json RemediesObject(const QuerySettings& query, const Remedies& remedies) {
   const auto change = [&query](const QuerySettings& after) { return ChangeObject(query, after); };
-  return {{"state", NameOf(out.state)},
-          {"code", out.code},
-          {"smallest", ArrayOf(out.queries, change)},
-          {"searchEnded", out.searchEnded},
-          {"inTheRepository", out.inTheRepository}};
+  return {{"state", NameOf(remedies.state)},
+          {"code", remedies.code},
+          {"smallest", ArrayOf(remedies.queries, change)},
+          {"searchEnded", remedies.searchEnded},
+          {"inTheRepository", remedies.inTheRepository}};
 }
 
 Json PackageObject(const QuerySettings& query, const PackageExplanation& package) {
@@ -132,7 +132,7 @@ Json PackageObject(const QuerySettings& query, const PackageExplanation& package
           {"filters", ArrayOf(package.filters, FilterObject)},
           {"repeats", ArrayOf(package.repeats, repeat)},
           {"supersede", SupersedeObject(package.supersede)},
-          {"wayOut", WayOutObject(query, package.wayOut)}};
+          {"wayOut", RemediesObject(query, package.remedies)}};
 }
 
 Json AbsenceObject(const AbsenceReason& reason) {
@@ -143,9 +143,7 @@ Json AbsenceObject(const AbsenceReason& reason) {
 std::string AnswerOf(const Explanation& explanation) {
   if (!explanation.packages.empty()) return NameOf(explanation.packages.front().answer);
   if (!explanation.absence.empty()) return "absent";
-  const bool ran = explanation.returnCode == QueryCode::Completed ||
-                   explanation.returnCode == QueryCode::NoResults;
-  return ran ? "unknown" : "notRun";
+  return IsExplained(explanation.returnCode) ? "unknown" : "notRun";
 }
 
 }  // namespace
@@ -162,9 +160,9 @@ std::string ExplanationJson(const Explanation& explanation) {
     return PackageObject(explanation.query, package);
   });
   document["absence"] = ArrayOf(explanation.absence, AbsenceObject);
-  document["absenceWayOut"] = explanation.absenceWayOut.code.empty()
+  document["absenceWayOut"] = explanation.absenceRemedies.code.empty()
                                   ? Json()
-                                  : WayOutObject(explanation.query, explanation.absenceWayOut);
+                                  : RemediesObject(explanation.query, explanation.absenceRemedies);
   return JsonText(document);
 }
 

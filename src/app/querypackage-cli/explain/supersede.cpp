@@ -73,7 +73,7 @@ class ReasonTexts {
     for (std::size_t k = 0; k < ranking.records.size(); ++k) {
       const RecordIndex i = ranking.records[k];
       group.ranking.push_back({CodeOf(i), package_.query.records[i].Version, ranking.versions[k],
-                               package_.query.origins[i]->source.File(), i == package_.index});
+                               package_.query.origins[i].File(), i == package_.index});
     }
     return group;
   }
@@ -170,7 +170,7 @@ void AddLeftOut(FilterExplanation& explanation, const SupersedeChain& chain) {
 // What of it is ranked: the record's own text, wherever its properties are looked up.
 void AddRanked(FilterExplanation& explanation, const PackageContext& package) {
   const QueryPackageResult& record = package.Record();
-  const PropertySource& own = package.query.origins[package.index]->source;
+  const PropertySource& own = package.query.origins[package.index];
   std::vector<std::string> names;
   for (const auto& file : record.driverFiles) names.push_back(file.name);
   const bool standIn =
@@ -217,7 +217,7 @@ std::string KeptText(const PackageContext& package, const std::string& keeper,
                                   "and keeps it.";
 }
 
-void SayVerdict(FilterExplanation& explanation, const PackageContext& package,
+void SetVerdict(FilterExplanation& explanation, const PackageContext& package,
                 const SupersedeReason& reason, const SupersedeChain& chain) {
   const bool kept = explanation.status == FilterStatus::Matched;
   if (!reason.rankings.empty()) {
@@ -236,7 +236,7 @@ void SayVerdict(FilterExplanation& explanation, const PackageContext& package,
 
 SupersedeReason ReasonOf(const PackageContext& package) {
   const LocaleFold fold;
-  const ModelledQuery& query = package.query;
+  const Evaluation& query = package.query;
   return ReasonFor(package.index, *query.supersedence,
                    {query.records, query.lists, package.settings.excludePackageIds, fold});
 }
@@ -253,30 +253,12 @@ FilterExplanation ExplainSupersede(const PackageContext& package, SupersedeChain
 
   const SupersedeReason reason = ReasonOf(package);
   chain = ReasonTexts(package, reason).Chain();
-  SayVerdict(explanation, package, reason, chain);
+  SetVerdict(explanation, package, reason, chain);
   AddLists(explanation, chain);
   AddGroups(explanation, chain);
   AddLeftOut(explanation, chain);
   AddOwnPart(explanation, package, reason);
   return explanation;
-}
-
-Rivals RivalsOf(const ModelledQuery& query, std::size_t index) {
-  Rivals rivals;
-  const auto add = [&query](std::vector<std::string>& codes, std::size_t record) {
-    const std::string& code = query.records[record].identificationCode;
-    if (std::find(codes.begin(), codes.end(), code) == codes.end()) codes.push_back(code);
-  };
-  for (const RecordGroup& ranked : query.supersedence->rankings) {
-    const auto own = std::find(ranked.begin(), ranked.end(), index);
-    if (own == ranked.end()) continue;
-    for (auto other = ranked.begin(); other != ranked.end(); ++other) {
-      if (*other == index) continue;
-      add(rivals.all, *other);
-      if (other > own) add(rivals.above, *other);
-    }
-  }
-  return rivals;
 }
 
 }  // namespace Vornik::Cli

@@ -83,7 +83,7 @@ class Writer {
     WriteOrigin(package);
     for (const FilterExplanation& filter : package.filters) WriteFilter(filter);
     out_ += '\n';
-    WriteWayOut(explanation.query, package.wayOut);
+    WriteRemedies(explanation.query, package.remedies);
   }
 
   void WriteHeadline(const PackageExplanation& package) {
@@ -123,35 +123,36 @@ class Writer {
     for (const std::string& line : filter.log) Line(indent, "Log:  " + line);
   }
 
-  void WriteWayOut(const QuerySettings& query, const WayOut& out) {
-    switch (out.state) {
-      case WayOutState::NotNeeded:
+  void WriteRemedies(const QuerySettings& query, const Remedies& remedies) {
+    switch (remedies.state) {
+      case RemedyState::NotNeeded:
         Line(0, "Every filter that runs matches: nothing has to change.");
         break;
-      case WayOutState::Found:
-        WriteChanges(query, out);
+      case RemedyState::Found:
+        WriteChanges(query, remedies);
         break;
-      case WayOutState::None:
+      case RemedyState::None:
         Line(0, "No other settings of the query make every filter match.");
         break;
-      case WayOutState::Unknown:
+      case RemedyState::Unknown:
         Line(0, "No settings were found that make every filter match; not all were tried.");
         break;
     }
-    for (const std::string& fault : out.inTheRepository) Line(2, "In the repository: " + fault);
+    for (const std::string& fault : remedies.inTheRepository)
+      Line(2, "In the repository: " + fault);
   }
 
-  void WriteChanges(const QuerySettings& query, const WayOut& out) {
+  void WriteChanges(const QuerySettings& query, const Remedies& remedies) {
     Line(0, fmt::format("The smallest change of the query that makes every filter match{}:",
-                        out.code.empty() ? "" : " " + Quoted(out.code)));
-    for (std::size_t i = 0; i < out.queries.size(); ++i) {
+                        remedies.code.empty() ? "" : " " + Quoted(remedies.code)));
+    for (std::size_t i = 0; i < remedies.queries.size(); ++i) {
       std::string text;
-      for (const SettingChange& change : ChangesBetween(query, out.queries[i])) {
+      for (const SettingChange& change : ChangesBetween(query, remedies.queries[i])) {
         text += (text.empty() ? "" : "; ") + change.text;
       }
       Line(2, (i == 0 ? "" : "or: ") + text);
     }
-    if (out.searchEnded) Line(2, "Not all were tried: others may be as small or smaller.");
+    if (remedies.searchEnded) Line(2, "Not all were tried: others may be as small or smaller.");
   }
 
   void WriteAbsence(const Explanation& explanation) {
@@ -165,9 +166,9 @@ class Writer {
       if (!reason.remedy.empty()) Line(8, "Do:   " + reason.remedy);
       for (const std::string& line : reason.log) Line(8, "Log:  " + line);
     }
-    if (explanation.absenceWayOut.code.empty()) return;
+    if (explanation.absenceRemedies.code.empty()) return;
     out_ += '\n';
-    WriteWayOut(explanation.query, explanation.absenceWayOut);
+    WriteRemedies(explanation.query, explanation.absenceRemedies);
   }
 
   void WriteUnknown(const Explanation& explanation) {

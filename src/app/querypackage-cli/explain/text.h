@@ -8,8 +8,8 @@
 
 namespace Vornik::Cli {
 
-// For each package a headline with the answer, a block for each filter and the way out; then why no
-// record has the id, where none has. Texts of descriptors go through Printable.
+// For each package a headline with the answer, a block for each filter and the remedies; then why
+// no record has the id, where none has. Texts of descriptors go through Printable.
 std::string ExplanationText(const Explanation& explanation, bool colour);
 
 }  // namespace Vornik::Cli

@@ -1,11 +1,13 @@
 #include "model/folder_reading.h"
 
 #include <boost/filesystem/directory.hpp>
+#include <boost/filesystem/exception.hpp>
 #include <boost/filesystem/path.hpp>
 #include <boost/system/system_error.hpp>
 #include <utility>
 
 #include "inspection/descriptor_inspection.h"
+#include "model/query_parameters.h"
 #include "records/pack_members.h"
 #include "text/paths.h"
 
@@ -15,18 +17,18 @@ namespace {
 
 namespace fs = boost::filesystem;
 
-void AddFile(const DescriptorFile& file, Repository& repository) {
+void AddFile(const DescriptorFile& file, FolderReading& folder) {
   DescriptorReading reading = ReadDescriptor(file.path);
   if (reading.fault == DescriptorFault::None) {
     if (reading.kind == DescriptorKind::Pack) {
-      repository.packs.push_back(
-          {file.path, MembersOfPack(file.path, std::move(reading.properties))});
+      folder.repository.Add(
+          KovuPackEntry{file.path, MembersOfPack(file.path, std::move(reading.properties))});
     } else {
-      repository.individuals.push_back({file.path, std::move(reading.properties.front())});
+      folder.repository.Add(PackageXmlEntry{file.path, std::move(reading.properties.front())});
     }
     reading.properties.clear();
   }
-  repository.files.push_back({file.path, file.name, std::move(reading)});
+  folder.files.push_back({file.path, file.name, std::move(reading)});
 }
 
 }  // namespace
@@ -45,6 +47,20 @@ FolderListing ListDescriptors(const std::string& folder) {
   return listing;
 }
 
+std::vector<FolderEntry> ListEntries(const std::string& folder) {
+  std::vector<FolderEntry> entries;
+  std::error_code failed;
+  std::filesystem::directory_iterator entry(fs::path(folder).native(), failed);
+  while (!failed && entry != std::filesystem::directory_iterator()) {
+    // Of what is gone by now, size and time are those that stand for an error.
+    std::error_code gone;
+    entries.push_back(
+        {entry->path().filename(), entry->file_size(gone), entry->last_write_time(gone)});
+    entry.increment(failed);
+  }
+  return entries;
+}
+
 bool IsLoadFault(DescriptorFault fault) {
   switch (fault) {
     case DescriptorFault::Empty:
@@ -59,12 +75,27 @@ bool IsLoadFault(DescriptorFault fault) {
   }
 }
 
-Repository ReadRepository(const std::string& folder) {
+FolderReading ReadFolder(const std::string& folder) {
   FolderListing listing = ListDescriptors(folder);
-  Repository repository;
-  for (const DescriptorFile& file : listing.files) AddFile(file, repository);
-  repository.walkFailure = std::move(listing.walkFailure);
-  return repository;
+  FolderReading reading;
+  for (const DescriptorFile& file : listing.files) AddFile(file, reading);
+  reading.walkFailure = std::move(listing.walkFailure);
+  return reading;
+}
+
+FolderReading ReadFolderOf(const QuerySettings& settings) {
+  return HasValidParameters(settings) ? ReadFolder(settings.folder) : FolderReading();
+}
+
+bool HasValidParameters(const QuerySettings& settings) {
+  try {
+    return CheckParameters({settings.folder, settings.machineType, settings.osValue,
+                            settings.arcValue, settings.includePackageIds,
+                            settings.excludePackageIds})
+               .fault == ParameterFault::None;
+  } catch (const fs::filesystem_error&) {
+    return false;
+  }
 }
 
 }  // namespace Vornik::Cli

@@ -4,10 +4,13 @@
 #ifndef VORNIK_CLI_MODEL_FOLDER_READING_H
 #define VORNIK_CLI_MODEL_FOLDER_READING_H
 
+#include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "model/query_settings.h"
 #include "model/repository.h"
 #include "reading/descriptor_reading.h"
 
@@ -26,6 +29,20 @@ struct FolderListing {
 // Throws std::bad_alloc only.
 FolderListing ListDescriptors(const std::string& folder);
 
+// An entry of a folder, by which a change of the folder is found.
+struct FolderEntry {
+  std::filesystem::path name;
+  std::uintmax_t size = 0;
+  std::filesystem::file_time_type time;
+
+  bool operator==(const FolderEntry& other) const {
+    return name == other.name && size == other.size && time == other.time;
+  }
+};
+
+// All entries, whatever their names, as far as the folder can be listed.
+std::vector<FolderEntry> ListEntries(const std::string& folder);
+
 struct RepositoryFile {
   std::string path;
   std::string name;
@@ -35,15 +52,20 @@ struct RepositoryFile {
 // Why an XML document does not load, as opposed to one that contains nothing to read.
 bool IsLoadFault(DescriptorFault fault);
 
-struct Repository {
+struct FolderReading {
   std::vector<RepositoryFile> files;  // in the listing's order
-  std::vector<PackageXmlEntry> individuals;
-  std::vector<KovuPackEntry> packs;
+  Repository repository;
   std::optional<std::string> walkFailure;
 };
 
 // Throws std::bad_alloc only.
-Repository ReadRepository(const std::string& folder);
+FolderReading ReadFolder(const std::string& folder);
+
+// The same for the folder of a query. Empty where the query is refused before it reads.
+FolderReading ReadFolderOf(const QuerySettings& settings);
+
+// Whether a query of these settings passes the parameter check.
+bool HasValidParameters(const QuerySettings& settings);
 
 }  // namespace Vornik::Cli
 

@@ -3,14 +3,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <boost/filesystem/exception.hpp>
-#include <cstdint>
 #include <vector>
 
 #include "inspection/descriptor_inspection.h"
-#include "model/folder_reading.h"
 #include "model/literals.h"
-#include "model/query_parameters.h"
 #include "records/driver_files.h"
 #include "records/pack_selection.h"
 #include "text/letter_case.h"
@@ -18,17 +14,6 @@
 namespace Vornik::Cli {
 
 namespace {
-
-bool PassesParameterCheck(const QuerySettings& settings) {
-  try {
-    return CheckParameters({settings.folder, settings.machineType, settings.osValue,
-                            settings.arcValue, settings.includePackageIds,
-                            settings.excludePackageIds})
-               .fault == ParameterFault::None;
-  } catch (const boost::filesystem::filesystem_error&) {
-    return false;
-  }
-}
 
 bool LacksClassification(const SupXmlProperties& properties) {
   return ReadDriverFiles(properties).unclassifiedIndex.has_value();
@@ -80,9 +65,10 @@ Hazard UnclassifiedIn(const std::string& file, const SupXmlProperties& propertie
 }
 
 const KovuPackEntry* ChosenPack(const QuerySettings& settings, const Repository& repository) {
+  const std::vector<KovuPackEntry>& packs = repository.kovuPackEntries();
   const std::optional<std::size_t> chosen =
-      ChosenPack(EvaluatePacks(repository.packs, settings.machineType, settings.osValue));
-  return chosen ? &repository.packs[*chosen] : nullptr;
+      ChosenPack(EvaluatePacks(packs, settings.machineType, settings.osValue));
+  return chosen ? &packs[*chosen] : nullptr;
 }
 
 std::optional<Hazard> HazardOfMembers(const KovuPackEntry& pack) {
@@ -109,22 +95,19 @@ std::string Place(const Hazard& hazard) {
 
 }  // namespace
 
-std::optional<Hazard> FindHazard(const QuerySettings& settings) {
-  if (!PassesParameterCheck(settings)) return std::nullopt;
-  const Repository repository = ReadRepository(settings.folder);
-
+std::optional<Hazard> FindHazard(const QuerySettings& settings, const FolderReading& folder) {
   // The whole folder is loaded before the first record is built.
-  const auto hanging = std::find_if(
-      repository.files.begin(), repository.files.end(), [](const RepositoryFile& file) {
+  const auto hanging =
+      std::find_if(folder.files.begin(), folder.files.end(), [](const RepositoryFile& file) {
         return file.reading.fault == DescriptorFault::InstanceWithoutClassName;
       });
-  if (hanging != repository.files.end()) return InstanceHazardIn(hanging->path);
-  if (repository.walkFailure) return std::nullopt;
+  if (hanging != folder.files.end()) return InstanceHazardIn(hanging->path);
+  if (folder.walkFailure) return std::nullopt;
 
-  if (const KovuPackEntry* pack = ChosenPack(settings, repository)) {
+  if (const KovuPackEntry* pack = ChosenPack(settings, folder.repository)) {
     if (auto hazard = HazardOfMembers(*pack)) return hazard;
   }
-  return HazardOfIndividuals(repository.individuals);
+  return HazardOfIndividuals(folder.repository.packageXmlEntries());
 }
 
 std::string Describe(const Hazard& hazard) {

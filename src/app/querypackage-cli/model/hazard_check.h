@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "model/folder_reading.h"
 #include "model/query_settings.h"
 
 namespace Vornik::Cli {
@@ -26,9 +27,8 @@ struct Hazard {
 };
 
 // The hazard that the query of these settings would meet first, in the order in which it reads and
-// builds. Nothing where the query ends by itself before it meets one, as with settings that fail
-// the parameter check.
-std::optional<Hazard> FindHazard(const QuerySettings& settings);
+// builds: folder is what it would read. Nothing where the query ends before it meets one.
+std::optional<Hazard> FindHazard(const QuerySettings& settings, const FolderReading& folder);
 
 // One line for a person: where it is, what it does and what to change.
 std::string Describe(const Hazard& hazard);

@@ -7,7 +7,6 @@
 #include "filters/sep.h"
 #include "filters/update_type.h"
 #include "model/literals.h"
-#include "model/query_parameters.h"
 #include "records/driver_files.h"
 #include "records/record_building.h"
 #include "text/paths.h"
@@ -32,26 +31,43 @@ std::uint32_t StatusOf(PlatformVerdict verdict) {
 }
 
 std::uint32_t StatusOf(UpdateTypeVerdict verdict) {
-  switch (verdict) {
-    case UpdateTypeVerdict::Matched:
-      return FilterStatus::Matched;
-    case UpdateTypeVerdict::NotMatched:
-      return FilterStatus::NotMatched;
-    case UpdateTypeVerdict::NoType:
-      break;
+  return verdict == UpdateTypeVerdict::NoType ? FilterStatus::NotEvaluated
+                                              : StatusOf(verdict == UpdateTypeVerdict::Matched);
+}
+
+}  // namespace
+
+QueryModel::QueryModel(const FolderReading& folder, std::string path)
+    : folder_(folder), path_(std::move(path)) {}
+
+Evaluation QueryModel::Evaluate(const QuerySettings& settings) {
+  if (!HasValidParameters(settings) || folder_.walkFailure) return {};
+  Evaluation query = BuildRecords(settings);
+  if (!query.canRun) return query;
+  const IdLists ids(settings);
+  for (std::size_t i = 0; i < query.records.size(); ++i) {
+    FilterEach(settings, ids, query.sources[i], query.records[i]);
   }
-  return FilterStatus::NotEvaluated;
+  if (!settings.supersedeFilter) return query;
+  const std::vector<SupersedeVerdict> verdicts = ResolveSupersede(settings, query);
+  for (std::size_t i = 0; i < verdicts.size(); ++i) WriteVerdict(verdicts[i], query.records[i]);
+  return query;
 }
 
-bool PassesParameterCheck(const QuerySettings& settings, const std::string& folder) {
-  return CheckParameters({folder, settings.machineType, settings.osValue, settings.arcValue,
-                          settings.includePackageIds, settings.excludePackageIds})
-             .fault == ParameterFault::None;
-}
+Evaluation QueryModel::BuildRecords(const QuerySettings& settings) {
+  Evaluation query;
+  query.canRun = true;
+  if (const std::optional<std::size_t> chosen = ChosenPackFor(settings)) {
+    const KovuPackEntry& pack = Packages().kovuPackEntries()[*chosen];
+    // The first member is the pack itself and never becomes a record.
+    for (std::size_t i = 1; i < pack.members.size(); ++i) {
+      BuildOne({&pack.members[i], &pack, i}, query);
+    }
+  }
+  for (const PackageXmlEntry& entry : Packages().packageXmlEntries()) {
+    BuildOne({&entry, nullptr, 0}, query);
+  }
 
-// Copies the built records and drops the repeats.
-void KeepFirst(ModelledQuery& query) {
-  for (const BuiltRecord* built : query.built) query.records.push_back(built->record);
   query.duplicates = FindDuplicates(query.records);
   RemoveDuplicates(query.records, query.duplicates);
   auto next = query.duplicates.begin();
@@ -62,81 +78,38 @@ void KeepFirst(ModelledQuery& query) {
       query.origins.push_back(query.built[i]);
     }
   }
-}
-
-}  // namespace
-
-QueryModel::QueryModel(const Repository& repository, std::string folder)
-    : repository_(repository), folder_(std::move(folder)) {
-  Build();
-}
-
-// Packs first: that is the order in which a code is looked up.
-void QueryModel::Build() {
-  for (const KovuPackEntry& pack : repository_.packs) {
-    std::vector<BuiltRecord>& records = members_[&pack];
-    for (std::size_t i = 0; i < pack.members.size(); ++i) {
-      const PropertySource source{&pack.members[i], &pack, i};
-      AddSource(source);
-      // The first member is the pack itself and never becomes a record.
-      if (i > 0) BuildOne(source, records);
-    }
+  for (const QueryPackageResult& record : query.records) {
+    query.sources.push_back(SourceOf(record.identificationCode));
   }
-  for (const PackageXmlEntry& entry : repository_.individuals) {
-    AddSource({&entry, nullptr, 0});
-    BuildOne({&entry, nullptr, 0}, individuals_);
-  }
-}
-
-void QueryModel::AddSource(const PropertySource& source) {
-  sources_.try_emplace(GetPropertyValue(PropertyName::identificationCode, source.entry->properties),
-                       source);
-}
-
-void QueryModel::BuildOne(const PropertySource& source, std::vector<BuiltRecord>& records) {
-  const bool inPack = source.pack != nullptr;
-  const std::string packFile = inPack ? source.pack->kovuXmlFile : "";
-  DriverFileReading drivers = ReadDriverFiles(source.entry->properties);
-  BuiltRecord built{BuildRecord(*source.entry, packFile, inPack ? FileStem(packFile) : ""), source,
-                    drivers.unclassifiedIndex.has_value()};
-  built.record.driverFiles = std::move(drivers.files);
-  records.push_back(std::move(built));
-}
-
-ModelledQuery QueryModel::Run(const QuerySettings& settings) {
-  ModelledQuery query;
-  if (!PassesParameterCheck(settings, folder_) || repository_.walkFailure) return query;
-  const auto& packs = Packs(settings.machineType, settings.osValue);
-  const auto append = [&query](const std::vector<BuiltRecord>& records) {
-    for (const BuiltRecord& built : records) query.built.push_back(&built);
-  };
-  for (std::size_t i = 0; i < packs.size(); ++i) {
-    if (packs[i].chosen) append(members_[&repository_.packs[i]]);
-  }
-  append(individuals_);
-  query.canRun = std::none_of(query.built.begin(), query.built.end(),
-                              [](const BuiltRecord* built) { return built->endsProcess; });
-  if (!query.canRun) return query;
-
-  KeepFirst(query);
-  IdLists ids{IdSet(settings.includePackageIds), IdSet(settings.excludePackageIds)};
-  for (QueryPackageResult& record : query.records) Judge(settings, ids, record);
-  if (settings.supersedeFilter) ResolveSupersede(settings, query);
   return query;
 }
 
-void QueryModel::Judge(const QuerySettings& settings, IdLists& ids, QueryPackageResult& record) {
+void QueryModel::BuildOne(const PropertySource& source, Evaluation& query) {
+  const std::string packFile = source.pack == nullptr ? "" : source.pack->kovuXmlFile;
+  DriverFileReading drivers = ReadDriverFiles(source.entry->properties);
+  if (drivers.unclassifiedIndex) query.canRun = false;
+  query.records.push_back(
+      BuildRecord(*source.entry, packFile, packFile.empty() ? "" : FileStem(packFile)));
+  query.records.back().driverFiles = std::move(drivers.files);
+  query.built.push_back(source);
+}
+
+void QueryModel::FilterPlatform(const QuerySettings& settings, const PropertySource& source,
+                                QueryPackageResult& record) {
+  if (source.entry == nullptr) return;
+  const PlatformResult result = EvaluatePlatform(source.entry->properties, settings.osValue,
+                                                 settings.arcValue, settings.machineType);
+  record.platformFilterStatus = StatusOf(result.verdict);
+}
+
+QueryModel::IdLists::IdLists(const QuerySettings& settings)
+    : included(settings.includePackageIds), excluded(settings.excludePackageIds) {}
+
+void QueryModel::FilterEach(const QuerySettings& settings, const IdLists& ids,
+                            const PropertySource& source, QueryPackageResult& record) {
   const std::string& code = record.identificationCode;
-  const PropertySource source = SourceOf(code);
-  if (source.entry != nullptr) {
-    record.platformFilterStatus =
-        StatusOf(EvaluatePlatform(source.entry->properties, settings.osValue, settings.arcValue,
-                                  settings.machineType)
-                     .verdict);
-  }
-  if (settings.kovuFilter) {
-    record.kovuFilterStatus = StatusOf(IsFromPack(record));
-  }
+  FilterPlatform(settings, source, record);
+  if (settings.kovuFilter) record.kovuFilterStatus = StatusOf(IsFromPack(record));
   if (settings.sepFilter) record.sepFilterStatus = StatusOf(!IsSepCode(code));
   if (settings.payloadExistFilter) {
     record.payloadExistFilterStatus =
@@ -154,39 +127,41 @@ void QueryModel::Judge(const QuerySettings& settings, IdLists& ids, QueryPackage
   }
 }
 
-void QueryModel::ResolveSupersede(const QuerySettings& settings, ModelledQuery& query) {
-  query.lists.resize(query.records.size());
+std::vector<SupersedeVerdict> QueryModel::ResolveSupersede(const QuerySettings& settings,
+                                                           Evaluation& query) {
+  query.lists.assign(query.records.size(), std::nullopt);
   for (std::size_t i = 0; i < query.records.size(); ++i) {
-    if (!IsNotRefused(query.records[i])) continue;
-    const PropertySource source = SourceOf(query.records[i].identificationCode);
-    if (source.entry == nullptr) continue;
-    query.lists[i] = GetPropertyValues(PropertyName::supersede, source.entry->properties);
+    const PackageXmlEntry* entry = query.sources[i].entry;
+    if (entry == nullptr || !IsNotRefused(query.records[i])) continue;
+    query.lists[i] = GetPropertyValues(PropertyName::supersede, entry->properties);
   }
   const LocaleFold fold;
   const SupersedeInput input{query.records, query.lists, settings.excludePackageIds, fold};
   query.supersedence = ResolveSupersedence(input);
-  const auto verdicts = ApplySupersedence(*query.supersedence, input);
-  for (std::size_t i = 0; i < verdicts.size(); ++i) WriteVerdict(verdicts[i], query.records[i]);
+  return ApplySupersedence(*query.supersedence, input);
 }
 
-PropertySource QueryModel::SourceOf(const std::string& code) {
+PropertySource QueryModel::SourceOf(const std::string& code) const {
   // The library does not look for an empty code.
-  if (code.empty()) return {};
-  const auto found = sources_.find(code);
-  return found == sources_.end() ? PropertySource() : found->second;
+  return code.empty() ? PropertySource() : Packages().FindSource(code);
 }
 
 const std::vector<PackResult>& QueryModel::Packs(const std::string& machineType, OsValue osValue) {
   const auto key = std::make_pair(machineType, osValue);
   const auto known = packs_.find(key);
   if (known != packs_.end()) return known->second;
-  return packs_.emplace(key, EvaluatePacks(repository_.packs, machineType, osValue)).first->second;
+  return packs_.emplace(key, EvaluatePacks(Packages().kovuPackEntries(), machineType, osValue))
+      .first->second;
+}
+
+std::optional<std::size_t> QueryModel::ChosenPackFor(const QuerySettings& settings) {
+  return ChosenPack(Packs(settings.machineType, settings.osValue));
 }
 
 PayloadVerdict QueryModel::PayloadOf(const PropertySource& source) {
   const auto known = payloads_.find(source.entry);
   if (known != payloads_.end()) return known->second;
-  const PayloadVerdict verdict = EvaluatePayload(source.entry->properties, folder_);
+  const PayloadVerdict verdict = EvaluatePayload(source.entry->properties, path_);
   return payloads_.emplace(source.entry, verdict).first->second;
 }
 

@@ -52,10 +52,10 @@ struct Pools {
 Pools PoolsOf(const Repository& repository, const QuerySettings& settings) {
   Pools pools{NumberPool(static_cast<std::uint32_t>(settings.osValue)),
               NumberPool(static_cast<std::uint32_t>(settings.arcValue))};
-  for (const KovuPackEntry& pack : repository.packs) {
+  for (const KovuPackEntry& pack : repository.kovuPackEntries()) {
     for (const PackageXmlEntry& member : pack.members) pools.AddOf(member.properties);
   }
-  for (const PackageXmlEntry& entry : repository.individuals) pools.AddOf(entry.properties);
+  for (const PackageXmlEntry& entry : repository.packageXmlEntries()) pools.AddOf(entry.properties);
   return pools;
 }
 

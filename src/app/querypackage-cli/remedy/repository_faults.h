@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "commands/options.h"
 #include "model/query_model.h"
+#include "model/query_settings.h"
 
 namespace Vornik::Cli {
 

@@ -39,12 +39,17 @@ Repository::Index Repository::BuildIndex() const {
 }
 
 const SupXmlProperties* Repository::Find(const std::string& code) const {
+  const PropertySource source = FindSource(code);
+  return source.entry == nullptr ? nullptr : &source.entry->properties;
+}
+
+PropertySource Repository::FindSource(const std::string& code) const {
   if (!index_) index_ = BuildIndex();
   const auto found = index_->find(code);
-  if (found == index_->end()) return nullptr;
+  if (found == index_->end()) return {};
   const auto [pack, entry] = found->second;
-  const auto& entries = pack == noPack ? packageXmlEntries_ : kovuPackEntries_[pack].members;
-  return &entries[entry].properties;
+  if (pack == noPack) return {&packageXmlEntries_[entry], nullptr, 0};
+  return {&kovuPackEntries_[pack].members[entry], &kovuPackEntries_[pack], entry};
 }
 
 }  // namespace Vornik

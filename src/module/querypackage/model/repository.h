@@ -26,6 +26,16 @@ struct KovuPackEntry {
   std::vector<PackageXmlEntry> members;  // the pack's own instance first
 };
 
+// Where a package's properties are. Valid until an entry is added to the repository.
+struct PropertySource {
+  const PackageXmlEntry* entry = nullptr;  // null: there is none
+  const KovuPackEntry* pack = nullptr;     // null: an individual descriptor
+  std::size_t member = 0;                  // the entry's index among the pack's members
+
+  // The file that was loaded.
+  const std::string& File() const { return pack == nullptr ? entry->xmlFile : pack->kovuXmlFile; }
+};
+
 class Repository {
  public:
   void Add(PackageXmlEntry entry);
@@ -43,6 +53,9 @@ class Repository {
   //   pack {own, a}, individuals {a, b}:  "a"  =>  the pack's member
   //                                       "A"  =>  null
   const SupXmlProperties* Find(const std::string& code) const;
+
+  // The same, with the place of the package.
+  PropertySource FindSource(const std::string& code) const;
 
   // Makes look-ups follow the C library's locale as it is now: the name of the property that
   // contains a code is compared in it. A stage calls this when it begins.

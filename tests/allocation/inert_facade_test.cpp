@@ -5,6 +5,7 @@
 #include <new>
 
 #include "QueryPackage.h"
+#include "recording_callback.h"
 
 namespace {
 
@@ -25,18 +26,12 @@ void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 namespace Vornik {
 namespace {
 
-class Callback final : public IQueryPackageCallback {
- public:
-  void PreQueryPackage() override { ADD_FAILURE(); }
-  void PostQueryPackage() override { ADD_FAILURE(); }
-};
-
 TEST(InertFacade, IgnoresItsSettersAndAnswersZero) {
   allocationsFail = true;
   QueryPackage query;
   allocationsFail = false;
 
-  Callback callback;
+  Testing::RecordingCallback callback;
   query.SetXMLPackageFolder("folder");
   query.SetPlatform(static_cast<OsValue>(1), static_cast<ArcValue>(1), "1234");
   query.SetKovuFilter(false);
@@ -53,6 +48,7 @@ TEST(InertFacade, IgnoresItsSettersAndAnswersZero) {
   EXPECT_EQ(query.RunQuery(results), QueryCode::Completed);
   ASSERT_EQ(results.size(), 1U);
   EXPECT_EQ(results[0].identificationCode, "kept");
+  EXPECT_TRUE(callback.calls.empty());
 }
 
 TEST(InertFacade, IsNotInertWhenTheAllocationSucceeds) {

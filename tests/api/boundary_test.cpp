@@ -12,6 +12,7 @@
 #include "captured_stdout.h"
 #include "global_locale.h"
 #include "host_fixture.h"
+#include "recording_callback.h"
 #include "unqueryable_folder.h"
 
 namespace Vornik::Testing {
@@ -84,7 +85,7 @@ TEST_F(MemoryTest, LibraryReplacesWhatTheHostAllocated) {
 TEST_F(MemoryTest, CallbackMayReplaceTheRecordsOfARunningQuery) {
   QueryPackage query;
   Prepare(query);
-  Callback callback;
+  RecordingCallback callback;
   callback.pre = [this] {
     results.assign(200, QueryPackageResult());
     results.front().identificationCode = "x";
@@ -108,11 +109,11 @@ class ExceptionTest : public BoundaryTest {
   template <typename Exception, typename Check>
   void ExpectThroughTheLibrary(const Exception& exception, const Check& check) {
     const auto fail = [&exception] { throw exception; };
-    Callback before;
+    RecordingCallback before;
     before.pre = fail;
-    Callback behind;
+    RecordingCallback behind;
     behind.post = fail;
-    for (Callback* callback : {&before, &behind}) {
+    for (RecordingCallback* callback : {&before, &behind}) {
       query_.SetQueryCallback(callback);
       try {
         query_.RunQuery(results);

@@ -7,6 +7,7 @@
 
 #include "captured_stdout.h"
 #include "host_fixture.h"
+#include "recording_callback.h"
 
 namespace Vornik::Testing {
 namespace {
@@ -141,37 +142,37 @@ TEST_F(FacadeTest, SecondPlatformReplacesTheFirstCompletely) {
 TEST_F(FacadeTest, NullRemovesTheCallback) {
   QueryPackage query;
   Prepare(query);
-  Callback callback;
+  RecordingCallback callback;
   query.SetQueryCallback(&callback);
   query.SetQueryCallback(nullptr);
   EXPECT_EQ(query.RunQuery(results), QueryCode::Completed);
-  EXPECT_EQ(callback.calls, 0);
+  EXPECT_EQ(callback.calls, Lines{});
 }
 
 TEST_F(FacadeTest, CallbackMayChangeItsQuery) {
   QueryPackage query;
   Prepare(query);
-  Callback callback;
+  RecordingCallback callback;
   callback.pre = [&] {
     query.SetQueryCallback(nullptr);
     query.SetSepFilter(false);
   };
   query.SetQueryCallback(&callback);
   EXPECT_EQ(query.RunQuery(results), QueryCode::Completed);
-  EXPECT_EQ(callback.calls, 1);
+  EXPECT_EQ(callback.calls, Lines{"pre"});
   EXPECT_TRUE(Logged("Sep Filter Ignored!"));
 }
 
 TEST_F(FacadeTest, DestructionLeavesTheCallbackAlone) {
   bool destroyed = false;
-  auto callback = std::make_unique<Callback>();
+  auto callback = std::make_unique<RecordingCallback>();
   callback->onDestruction = [&destroyed] { destroyed = true; };
   {
     QueryPackage query;
     query.SetQueryCallback(callback.get());
   }
   EXPECT_FALSE(destroyed);
-  EXPECT_EQ(callback->calls, 0);
+  EXPECT_EQ(callback->calls, Lines{});
 }
 
 }  // namespace

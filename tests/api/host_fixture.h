@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,26 +14,6 @@
 namespace Vornik::Testing {
 
 using Lines = std::vector<std::string>;
-
-class Callback final : public IQueryPackageCallback {
- public:
-  ~Callback() {
-    if (onDestruction) onDestruction();
-  }
-  void PreQueryPackage() override {
-    ++calls;
-    if (pre) pre();
-  }
-  void PostQueryPackage() override {
-    ++calls;
-    if (post) post();
-  }
-
-  int calls = 0;
-  std::function<void()> pre;
-  std::function<void()> post;
-  std::function<void()> onDestruction;
-};
 
 class HostTest : public testing::Test {
  protected:

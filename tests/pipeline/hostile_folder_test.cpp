@@ -10,6 +10,7 @@
 #endif
 
 #include "query_fixture.h"
+#include "recording_callback.h"
 #include "repeat.h"
 
 namespace Vornik::Testing {
@@ -31,16 +32,6 @@ std::string Utf16(const std::string& ascii, bool bigEndian) {
   for (const char c : ascii) wide += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
   return wide;
 }
-
-class Callback final : public IQueryPackageCallback {
- public:
-  explicit Callback(std::function<void()> pre) : pre_(std::move(pre)) {}
-  void PreQueryPackage() override { pre_(); }
-  void PostQueryPackage() override {}
-
- private:
-  std::function<void()> pre_;
-};
 
 class HostileFolderTest : public QueryTest {
  protected:
@@ -250,7 +241,7 @@ TEST_F(HostileFolderTest, FileThatChangesBetweenScanAndFilters) {
                {another, FilterStatus::Matched}};
   for (const auto& [change, payloadExist] : cases) {
     WriteIndividual("hostile.xml", package);
-    Callback callback(change);
+    RecordingCallback callback(change);
     imp.queryCallback = &callback;
     EXPECT_EQ(Run(), QueryCode::Completed);
     EXPECT_EQ(FileErrors(), Lines{});

@@ -1,9 +1,8 @@
 // Locales that change while a query runs: every comparison follows the one in force when it is
 // made.
-#include <functional>
-
 #include "global_locale.h"
 #include "query_fixture.h"
+#include "recording_callback.h"
 
 #ifndef _WIN32
 #include "turkish_c_locale.h"
@@ -11,16 +10,6 @@
 
 namespace Vornik::Testing {
 namespace {
-
-class ChangesTheLocale final : public IQueryPackageCallback {
- public:
-  explicit ChangesTheLocale(std::function<void()> change) : change_(std::move(change)) {}
-  void PreQueryPackage() override { change_(); }
-  void PostQueryPackage() override {}
-
- private:
-  std::function<void()> change_;
-};
 
 class LocaleTest : public QueryTest {
  protected:
@@ -38,7 +27,7 @@ TEST_F(LocaleTest, IdListsFollowTheGlobalLocaleOfTheFilter) {
   WriteIndividual("X.xml");
   WriteIndividual("z.xml");
   imp.includePackageIds = {"y", "Z"};
-  ChangesTheLocale callback(FoldOnlyXToY);
+  RecordingCallback callback(FoldOnlyXToY);
   imp.queryCallback = &callback;
   ASSERT_EQ(Run(), QueryCode::Completed);
   ASSERT_EQ(Codes(), (Lines{"X", "z"}));
@@ -49,7 +38,7 @@ TEST_F(LocaleTest, IdListsFollowTheGlobalLocaleOfTheFilter) {
 TEST_F(LocaleTest, SupersedeListsFollowTheGlobalLocaleOfTheFilter) {
   WriteIndividual("X.xml");
   WriteIndividual("z.xml", Descriptor().Set("supersede", {"y"}));
-  ChangesTheLocale callback(FoldOnlyXToY);
+  RecordingCallback callback(FoldOnlyXToY);
   imp.queryCallback = &callback;
   ASSERT_EQ(Run(), QueryCode::Completed);
   ASSERT_EQ(Codes(), (Lines{"X", "z"}));
@@ -86,7 +75,7 @@ TEST_F(LocaleTest, PropertyNamesFollowTheCLibrarysLocaleOfTheFilter) {
                             .Individual());
   imp.updateTypes = {static_cast<UpdateType>(3)};
   const TurkishCLocale locale;
-  ChangesTheLocale callback([&locale] { ASSERT_TRUE(locale.Set()); });
+  RecordingCallback callback([&locale] { ASSERT_TRUE(locale.Set()); });
   imp.queryCallback = &callback;
   ASSERT_EQ(Run(), QueryCode::Completed);
   ASSERT_EQ(Codes(), Lines{"a"}) << "built before the locale changed";

@@ -11,21 +11,13 @@
 #include "query_fixture.h"
 #include "random_repository.h"
 #include "record_members.h"
+#include "recording_callback.h"
 #include "test_random.h"
 
 namespace Vornik::Testing {
 namespace {
 
 using Values = RandomRepository::Values;
-
-class CountingCallback final : public IQueryPackageCallback {
- public:
-  void PreQueryPackage() override { ++pre; }
-  void PostQueryPackage() override { ++post; }
-
-  int pre = 0;
-  int post = 0;
-};
 
 // How often the queries of a test met what it is about.
 struct Tally {
@@ -59,7 +51,7 @@ class PlainQueryTest : public QueryTest {
     QueryPackageImp plainQuery = imp;
     const PlainOutcome plain = PlainRunQuery(plainQuery, plainFolder, results);
     RecordingLog::Reset(threshold);
-    CountingCallback callback;
+    RecordingCallback callback;
     if (imp.queryCallback != nullptr) imp.queryCallback = &callback;
     const CapturedStdout out;
     const int code = Run();
@@ -72,12 +64,11 @@ class PlainQueryTest : public QueryTest {
     ASSERT_EQ(imp.repository.kovuPackEntries().size(),
               plainQuery.repository.kovuPackEntries().size());
     const bool called = imp.queryCallback != nullptr && code == QueryCode::Completed;
-    ASSERT_EQ(callback.pre, called ? 1 : 0);
-    ASSERT_EQ(callback.post, called ? 1 : 0);
+    ASSERT_EQ(callback.calls, called ? (Lines{"pre", "post"}) : Lines{});
     tally.Add(plain);
   }
 
-  CountingCallback placeholder;  // stands for a callback that is set
+  RecordingCallback placeholder;  // stands for a callback that is set
 };
 
 // Queries on descriptors that are given as values; the folder holds payloads alone.

@@ -1,6 +1,5 @@
 // The order of the stages, their switches, the callback and the codes.
 #include <algorithm>
-#include <functional>
 
 #ifndef _WIN32
 #include <cerrno>
@@ -10,6 +9,7 @@
 
 #include "captured_stdout.h"
 #include "query_fixture.h"
+#include "recording_callback.h"
 
 namespace Vornik::Testing {
 namespace {
@@ -32,26 +32,9 @@ Lines StageLines() {
   return lines;
 }
 
-class Callback final : public IQueryPackageCallback {
- public:
-  void PreQueryPackage() override {
-    calls.push_back("pre");
-    if (pre) pre();
-  }
-  void QueryPackageProgress() override { calls.push_back("progress"); }
-  void PostQueryPackage() override {
-    calls.push_back("post");
-    if (post) post();
-  }
-
-  std::function<void()> pre;
-  std::function<void()> post;
-  Lines calls;
-};
-
 class StagesTest : public QueryTest {
  protected:
-  Callback callback;
+  RecordingCallback callback;
 };
 
 TEST_F(StagesTest, AllSwitchesOnAndAllListsEmpty) {
@@ -194,7 +177,7 @@ TEST_F(StagesTest, CallbackRemovedInPreIsNotCalledAgain) {
 
 TEST_F(StagesTest, CallbackSetInPreIsTheOneThatIsCalledAfterwards) {
   WriteIndividual("a.xml");
-  Callback other;
+  RecordingCallback other;
   imp.queryCallback = &callback;
   callback.pre = [&] { imp.queryCallback = &other; };
   EXPECT_EQ(Run(), QueryCode::Completed);

@@ -70,8 +70,7 @@ std::string LoadFaultText(const RepositoryFile& file) {
 // Collects the reasons of one code.
 class Reasons {
  public:
-  Reasons(const AbsenceContext& context, const std::string& code)
-      : context_(context), code_(code) {}
+  Reasons(const EvaluatedQuery& query, const std::string& code) : query_(query), code_(code) {}
 
   std::vector<AbsenceReason> Collect() {
     AddPacks();
@@ -83,7 +82,7 @@ class Reasons {
 
  private:
   void AddPacks() {
-    const auto& packs = context_.model.Packages().kovuPackEntries();
+    const auto& packs = query_.model.Packages().kovuPackEntries();
     for (std::size_t i = 0; i < packs.size(); ++i) {
       for (std::size_t m = 0; m < packs[i].members.size(); ++m) AddMember(i, m);
       if (EqualByGlobalLocaleFold(FileStem(packs[i].kovuXmlFile), code_)) AddPackItself(packs[i]);
@@ -91,7 +90,7 @@ class Reasons {
   }
 
   void AddMember(std::size_t packIndex, std::size_t member) {
-    const KovuPackEntry& pack = context_.model.Packages().kovuPackEntries()[packIndex];
+    const KovuPackEntry& pack = query_.model.Packages().kovuPackEntries()[packIndex];
     const PackageXmlEntry& entry = pack.members[member];
     const std::string code = CodeOf(entry.properties);
     if (code.empty() != code_.empty() || !EqualByGlobalLocaleFold(code, code_)) return;
@@ -115,9 +114,9 @@ class Reasons {
 
   // A chosen pack is no reason: its first member is lost for another one, the others are records.
   void AddPackVerdict(std::size_t packIndex, const std::string& code) {
-    const auto& settings = context_.settings;
-    const auto& packs = context_.model.Packages().kovuPackEntries();
-    const auto& packResults = context_.model.Packs(settings.machineType, settings.osValue);
+    const auto& settings = query_.settings;
+    const auto& packs = query_.model.Packages().kovuPackEntries();
+    const auto& packResults = query_.model.Packs(settings.machineType, settings.osValue);
     if (packResults[packIndex].chosen) return;
     reasons_.push_back(
         {"packNotChosen",
@@ -147,8 +146,8 @@ class Reasons {
 
   // The id may be the name of a file whose descriptor has another code.
   void AddFilesWithOtherCode() {
-    for (std::size_t i = 0; i < context_.query.built.size(); ++i) {
-      const PropertySource& built = context_.query.built[i];
+    for (std::size_t i = 0; i < query_.evaluation.built.size(); ++i) {
+      const PropertySource& built = query_.evaluation.built[i];
       const std::string& file = built.entry->xmlFile;
       const bool named = !code_.empty() && (EqualByGlobalLocaleFold(FileStem(file), code_) ||
                                             EqualByGlobalLocaleFold(FileNameOf(file), code_));
@@ -170,14 +169,14 @@ class Reasons {
   }
 
   const PropertySource* KeptInsteadOf(std::size_t index) const {
-    for (const Duplicate& duplicate : context_.query.duplicates) {
-      if (duplicate.index == index) return &context_.query.built[duplicate.kept];
+    for (const Duplicate& duplicate : query_.evaluation.duplicates) {
+      if (duplicate.index == index) return &query_.evaluation.built[duplicate.kept];
     }
     return nullptr;
   }
 
   void AddFaultyFiles() {
-    for (const RepositoryFile& file : context_.model.Files()) {
+    for (const RepositoryFile& file : query_.model.Files()) {
       if (file.reading.fault == DescriptorFault::None) continue;
       const CodeFinding finding = FindCodeIn(file.path, code_);
       if (finding.evidence == CodeEvidence::None) continue;
@@ -192,7 +191,7 @@ class Reasons {
   }
 
   void AddUnreadFiles() {
-    for (const UnreadFile& file : FindUnreadFiles(context_.settings.folder)) {
+    for (const UnreadFile& file : FindUnreadFiles(query_.settings.folder)) {
       const CodeFinding finding = FindCodeIn(file.path, code_);
       if (finding.evidence == CodeEvidence::None) continue;
       const std::string evidence = EvidenceText(finding);
@@ -218,20 +217,20 @@ class Reasons {
     }
   }
 
-  const AbsenceContext& context_;
+  const EvaluatedQuery& query_;
   const std::string& code_;
   std::vector<AbsenceReason> reasons_;
 };
 
 }  // namespace
 
-std::vector<AbsenceReason> ExplainAbsence(const AbsenceContext& context, const std::string& code) {
-  return Reasons(context, code).Collect();
+std::vector<AbsenceReason> ExplainAbsence(const EvaluatedQuery& query, const std::string& code) {
+  return Reasons(query, code).Collect();
 }
 
-std::vector<std::string> CodesInOtherPacks(const AbsenceContext& context, const std::string& code) {
+std::vector<std::string> CodesInOtherPacks(const EvaluatedQuery& query, const std::string& code) {
   std::vector<std::string> codes;
-  for (const KovuPackEntry& pack : context.model.Packages().kovuPackEntries()) {
+  for (const KovuPackEntry& pack : query.model.Packages().kovuPackEntries()) {
     for (std::size_t m = 1; m < pack.members.size(); ++m) {
       const std::string spelling = CodeOf(pack.members[m].properties);
       if (!EqualByGlobalLocaleFold(spelling, code)) continue;

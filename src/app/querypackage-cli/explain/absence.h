@@ -5,24 +5,17 @@
 #include <string>
 #include <vector>
 
-#include "explain/explanation.h"
-#include "model/query_model.h"
+#include "explain/explain.h"
 
 namespace Vornik::Cli {
 
-struct AbsenceContext {
-  const QuerySettings& settings;
-  QueryModel& model;
-  const Evaluation& query;
-};
-
 // Every reason that applies, in the order of the folder; codes and file names are compared without
 // regard to case. Empty where nothing in the folder knows the code.
-std::vector<AbsenceReason> ExplainAbsence(const AbsenceContext& context, const std::string& code);
+std::vector<AbsenceReason> ExplainAbsence(const EvaluatedQuery& query, const std::string& code);
 
 // The codes with these letters that a pack which is not in use lists among its packages, so that
 // other settings may make records of them; each once, the given spelling first.
-std::vector<std::string> CodesInOtherPacks(const AbsenceContext& context, const std::string& code);
+std::vector<std::string> CodesInOtherPacks(const EvaluatedQuery& query, const std::string& code);
 
 }  // namespace Vornik::Cli
 

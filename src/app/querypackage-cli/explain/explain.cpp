@@ -116,7 +116,7 @@ class Explainer {
         settings_(query.settings),
         records_(query.run.records),
         model_(query.model),
-        query_(query.evaluation) {}
+        query_(query) {}
 
   void Run() {
     const std::string& id = explanation_.packageId;
@@ -151,11 +151,12 @@ class Explainer {
 
   void AddFilters(PackageExplanation& package) {
     const std::string& code = package.record.identificationCode;
-    const std::size_t evaluated = IndexOf(query_.records, code);
-    if (evaluated == query_.records.size()) {
+    const Evaluation& query = query_.evaluation;
+    const std::size_t evaluated = IndexOf(query.records, code);
+    if (evaluated == query.records.size()) {
       package.filters = ExplainGone(package.record, settings_);
     } else {
-      const PackageContext context{settings_, model_, query_, evaluated, query_.sources[evaluated]};
+      const PackageContext context{settings_, model_, query, evaluated, query.sources[evaluated]};
       AddSource(context, package);
       package.filters = ExplainAll(context, package);
     }
@@ -178,12 +179,11 @@ class Explainer {
   }
 
   void AddAbsence() {
-    const AbsenceContext context{settings_, model_, query_};
-    for (AbsenceReason& reason : ExplainAbsence(context, explanation_.packageId)) {
+    for (AbsenceReason& reason : ExplainAbsence(query_, explanation_.packageId)) {
       if (!HasPackage(reason.code)) explanation_.absence.push_back(std::move(reason));
     }
     if (!explanation_.packages.empty()) return;
-    const auto codes = CodesInOtherPacks(context, explanation_.packageId);
+    const auto codes = CodesInOtherPacks(query_, explanation_.packageId);
     if (codes.empty() || explanation_.folderChanged) return;
     explanation_.absenceRemedies = FindRemedies(model_, settings_, codes.front());
   }
@@ -199,7 +199,7 @@ class Explainer {
   const QuerySettings& settings_;
   const Records& records_;
   QueryModel& model_;
-  const Evaluation& query_;
+  const EvaluatedQuery& query_;
 };
 
 }  // namespace

@@ -15,10 +15,6 @@ namespace Vornik::Cli {
 
 namespace {
 
-bool LacksClassification(const SupXmlProperties& properties) {
-  return ReadDriverFiles(properties).unclassifiedIndex.has_value();
-}
-
 bool SameProperty(const SupXmlProperty& a, const SupXmlProperty& b) {
   return a.name == b.name && a.type == b.type && a.values == b.values;
 }
@@ -64,29 +60,15 @@ Hazard UnclassifiedIn(const std::string& file, const SupXmlProperties& propertie
           GetPropertyValues(PropertyName::driverFilesClassification, properties).size()};
 }
 
-const KovuPackEntry* ChosenPack(const QuerySettings& settings, const Repository& repository) {
-  const std::vector<KovuPackEntry>& packs = repository.kovuPackEntries();
-  const std::optional<std::size_t> chosen =
-      ChosenPack(EvaluatePacks(packs, settings.machineType, settings.osValue));
-  return chosen ? &packs[*chosen] : nullptr;
-}
-
-std::optional<Hazard> HazardOfMembers(const KovuPackEntry& pack) {
-  // The first member is the pack itself, and its driver files are never read.
-  for (std::size_t i = 1; i < pack.members.size(); ++i) {
-    const SupXmlProperties& member = pack.members[i].properties;
-    if (!LacksClassification(member)) continue;
-    return UnclassifiedIn(pack.kovuXmlFile, member);
+// Of the entries from an index on. packFile: that of their pack; empty: they have none.
+std::optional<Hazard> UnclassifiedAmong(const std::vector<PackageXmlEntry>& entries,
+                                        std::size_t begin, const std::string& packFile) {
+  for (std::size_t i = begin; i < entries.size(); ++i) {
+    const auto& [file, properties] = entries[i];
+    if (!ReadDriverFiles(properties).unclassifiedIndex) continue;
+    return UnclassifiedIn(packFile.empty() ? file : packFile, properties);
   }
   return std::nullopt;
-}
-
-std::optional<Hazard> HazardOfIndividuals(const std::vector<PackageXmlEntry>& individuals) {
-  const auto found = std::find_if(
-      individuals.begin(), individuals.end(),
-      [](const PackageXmlEntry& entry) { return LacksClassification(entry.properties); });
-  if (found == individuals.end()) return std::nullopt;
-  return UnclassifiedIn(found->xmlFile, found->properties);
 }
 
 std::string Place(const Hazard& hazard) {
@@ -104,10 +86,14 @@ std::optional<Hazard> FindHazard(const QuerySettings& settings, const FolderRead
   if (hanging != folder.files.end()) return InstanceHazardIn(hanging->path);
   if (folder.walkFailure) return std::nullopt;
 
-  if (const KovuPackEntry* pack = ChosenPack(settings, folder.repository)) {
-    if (auto hazard = HazardOfMembers(*pack)) return hazard;
+  const std::vector<KovuPackEntry>& packs = folder.repository.kovuPackEntries();
+  const auto chosen = ChosenPack(EvaluatePacks(packs, settings.machineType, settings.osValue));
+  if (chosen) {
+    // The first member is the pack itself, and its driver files are never read.
+    const KovuPackEntry& pack = packs[*chosen];
+    if (auto hazard = UnclassifiedAmong(pack.members, 1, pack.kovuXmlFile)) return hazard;
   }
-  return HazardOfIndividuals(folder.repository.packageXmlEntries());
+  return UnclassifiedAmong(folder.repository.packageXmlEntries(), 0, "");
 }
 
 std::string Describe(const Hazard& hazard) {

@@ -39,9 +39,4 @@ bool AreEqual(const QueryPackageResult& a, const QueryPackageResult& b) {
          AreSameFiles(a.driverFiles, b.driverFiles);
 }
 
-bool AreEqual(const std::vector<QueryPackageResult>& a, const std::vector<QueryPackageResult>& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](const auto& x, const auto& y) { return AreEqual(x, y); });
-}
-
 }  // namespace Vornik::Cli

@@ -9,7 +9,7 @@ using testing::HasSubstr;
 using testing::SizeIs;
 using Texts = std::vector<std::string>;
 
-class ExplainChangeTest : public ExplainTest {
+class RemediesTest : public ExplainTest {
  protected:
   // Writes a pack for machine type 1234 under any system, and the members' descriptor files.
   void WritePack(std::vector<Descriptor> members) {
@@ -38,14 +38,14 @@ Descriptor Member(const std::string& code) {
   return Package(code).Set("xmlFilename", "member.txt");
 }
 
-TEST_F(ExplainChangeTest, MachineTypeOfThePackage) {
+TEST_F(RemediesTest, MachineTypeOfThePackage) {
   WritePack({Member("a").For("1235", "10", "9")});
   folder.Write("p.xml", Pack({PackItself("p.xml").Set("applicableMachineTypes", {"1234", "1235"}),
                               Member("a").For("1235", "10", "9")}));
   EXPECT_THAT(Found("a"), ElementsAre(Texts{"--machine-type 1235 instead of 1234"}));
 }
 
-TEST_F(ExplainChangeTest, OperatingSystemAndArchitectureOfThePackage) {
+TEST_F(RemediesTest, OperatingSystemAndArchitectureOfThePackage) {
   WritePack({Member("os").For("1234", "11", "9"), Member("arch").For("1234", "10", "5"),
              Member("both").For("1234", "11", "5")});
   EXPECT_THAT(Found("os"), ElementsAre(Texts{"--os 11 instead of 10"}));
@@ -53,7 +53,7 @@ TEST_F(ExplainChangeTest, OperatingSystemAndArchitectureOfThePackage) {
   EXPECT_THAT(Found("both"), ElementsAre(Texts{"--os 11 instead of 10", "--arch 5 instead of 9"}));
 }
 
-TEST_F(ExplainChangeTest, NearestOfSeveralPlatforms) {
+TEST_F(RemediesTest, NearestOfSeveralPlatforms) {
   WritePack({Member("a")
                  .Set("orderedMachineTypeList", {"5678", "1234", "1234"})
                  .Set("orderedOSList", {"11", "12", "13"})
@@ -61,7 +61,7 @@ TEST_F(ExplainChangeTest, NearestOfSeveralPlatforms) {
   EXPECT_THAT(Found("a"), ElementsAre(Texts{"--os 13 instead of 10"}));
 }
 
-TEST_F(ExplainChangeTest, SwitchOfEachFilter) {
+TEST_F(RemediesTest, SwitchOfEachFilter) {
   WritePackage("alone");
   EXPECT_THAT(Found("alone"), ElementsAre(Texts{"add --no-kovu-filter"}));
   WritePack({Member("orx_utl_sep"), Member("lost").Set("payload", "gone.exe"), Member("old"),
@@ -71,7 +71,7 @@ TEST_F(ExplainChangeTest, SwitchOfEachFilter) {
   EXPECT_THAT(Found("old"), ElementsAre(Texts{"add --no-supersede-filter"}));
 }
 
-TEST_F(ExplainChangeTest, ListsOfIdsAndTypes) {
+TEST_F(RemediesTest, ListsOfIdsAndTypes) {
   WritePack({Member("a"), Member("b")});
   EXPECT_THAT(Found("a", {"--include", "b"}),
               ElementsAre(Texts{"add --include \"a\""}, Texts{"no --include at all"}));
@@ -82,7 +82,7 @@ TEST_F(ExplainChangeTest, ListsOfIdsAndTypes) {
               ElementsAre(Texts{"add --update-type 1"}, Texts{"no --update-type at all"}));
 }
 
-TEST_F(ExplainChangeTest, MissingTypeLeavesNoRequestAtAll) {
+TEST_F(RemediesTest, MissingTypeLeavesNoRequestAtAll) {
   WritePack({Descriptor("a")
                  .For("1234", "10", "9")
                  .Set("xmlFilename", "member.txt")
@@ -93,7 +93,7 @@ TEST_F(ExplainChangeTest, MissingTypeLeavesNoRequestAtAll) {
               HasSubstr("has no \"type\", which the updateType filter needs."));
 }
 
-TEST_F(ExplainChangeTest, ExcludingThePackagesAboveInTheRanking) {
+TEST_F(RemediesTest, ExcludingThePackagesAboveInTheRanking) {
   WritePack({Member("a").Set("driverFiles", {"x-#1"}).Set("Version", "1"),
              Member("b").Set("driverFiles", {"x-#1"}).Set("Version", "3"),
              Member("c").Set("driverFiles", {"x-#1"}).Set("Version", "2"),
@@ -104,7 +104,7 @@ TEST_F(ExplainChangeTest, ExcludingThePackagesAboveInTheRanking) {
   EXPECT_THAT(found, testing::Contains(Texts{"add --no-supersede-filter"}));
 }
 
-TEST_F(ExplainChangeTest, MachineThatChoosesAnotherPack) {
+TEST_F(RemediesTest, MachineThatChoosesAnotherPack) {
   WritePackage("alone");
   folder.Write("member.txt", "x");
   folder.Write("q.xml", Pack({PackItself("q.xml").Set("applicableMachineTypes", {"5678"}),
@@ -121,7 +121,7 @@ TEST_F(ExplainChangeTest, MachineThatChoosesAnotherPack) {
   ExpectPasses(wayOut["smallest"][0], "a");
 }
 
-TEST_F(ExplainChangeTest, SystemThatOnlyThePackNamesIsTried) {
+TEST_F(RemediesTest, SystemThatOnlyThePackNamesIsTried) {
   folder.Write("member.txt", "x");
   folder.Write("payload.exe", "x");
   folder.Write("p.xml", Pack({PackItself("p.xml").Set("applicableOperatingSystems", {"77"}),
@@ -132,7 +132,7 @@ TEST_F(ExplainChangeTest, SystemThatOnlyThePackNamesIsTried) {
   ExpectPasses(wayOut["smallest"][0], "a");
 }
 
-TEST_F(ExplainChangeTest, SeveralChangesAtOnce) {
+TEST_F(RemediesTest, SeveralChangesAtOnce) {
   folder.Write("orx_utl_sep.xml", Package("orx_utl_sep")
                                       .For("5678", "11", "5")
                                       .Set("payload", "gone.exe")
@@ -149,7 +149,7 @@ TEST_F(ExplainChangeTest, SeveralChangesAtOnce) {
                                          "add --no-sep-filter", "add --no-payload-exist-filter"));
 }
 
-TEST_F(ExplainChangeTest, ChangeIsGivenAsDataToo) {
+TEST_F(RemediesTest, ChangeIsGivenAsDataToo) {
   WritePack({Member("a").For("1234", "11", "9").Set("type", "3")});
   const Json wayOut = ExplainPackage("a", {"--update-type", "1"})["wayOut"];
   const Json expected = {
@@ -164,7 +164,7 @@ TEST_F(ExplainChangeTest, ChangeIsGivenAsDataToo) {
                   "1", "--update-type", "3", "--", folder.Path()}));
 }
 
-TEST_F(ExplainChangeTest, NothingHelpsWhereTheDescriptorLacksAList) {
+TEST_F(RemediesTest, NothingHelpsWhereTheDescriptorLacksAList) {
   WritePack({Member("a").Set("orderedOSList", std::vector<std::string>())});
   const Json wayOut = ExplainPackage("a")["wayOut"];
   EXPECT_EQ(wayOut["state"], "none");
@@ -174,7 +174,7 @@ TEST_F(ExplainChangeTest, NothingHelpsWhereTheDescriptorLacksAList) {
                 {PathOf("p.xml") + " has no \"orderedOSList\", which the platform filter needs."}));
 }
 
-TEST_F(ExplainChangeTest, NothingHelpsWhereNoMachineTypeCanBeAskedFor) {
+TEST_F(RemediesTest, NothingHelpsWhereNoMachineTypeCanBeAskedFor) {
   WritePack({Member("a").For("Desk 1234", "10", "9")});
   const Json wayOut = ExplainPackage("a")["wayOut"];
   EXPECT_EQ(wayOut["state"], "none");
@@ -183,14 +183,14 @@ TEST_F(ExplainChangeTest, NothingHelpsWhereNoMachineTypeCanBeAskedFor) {
                          " name no machine type of four digits, but \"Desk 1234\"."}));
 }
 
-TEST_F(ExplainChangeTest, NothingHelpsAPackageWithoutACode) {
+TEST_F(RemediesTest, NothingHelpsAPackageWithoutACode) {
   folder.Write("a.xml", Descriptor().For("1234", "10", "9").Individual());
   const Json wayOut = ExplainPackage("")["wayOut"];
   EXPECT_EQ(wayOut["state"], "none");
   EXPECT_THAT(wayOut["inTheRepository"], SizeIs(1));
 }
 
-TEST_F(ExplainChangeTest, NothingHelpsAMemberOfAPackThatNoMachineOfItsOwnChooses) {
+TEST_F(RemediesTest, NothingHelpsAMemberOfAPackThatNoMachineOfItsOwnChooses) {
   WritePackage("other");
   folder.Write("p.xml",
                Pack({PackItself("p.xml").Set("applicableMachineTypes", {"5678"}), Member("a")}));
@@ -199,14 +199,14 @@ TEST_F(ExplainChangeTest, NothingHelpsAMemberOfAPackThatNoMachineOfItsOwnChooses
   EXPECT_THAT(wayOut["inTheRepository"].dump(), HasSubstr("is the one in use"));
 }
 
-TEST_F(ExplainChangeTest, MissingPayloadIsNamedBesideTheSwitch) {
+TEST_F(RemediesTest, MissingPayloadIsNamedBesideTheSwitch) {
   WritePack({Member("a").Set("payload", "gone.exe")});
   EXPECT_EQ(ExplainPackage("a")["wayOut"]["inTheRepository"],
             Json::array({PathOf("gone.exe") + " is no regular file, but \"payload\" in " +
                          PathOf("p.xml") + " names it."}));
 }
 
-TEST_F(ExplainChangeTest, QueryThatWouldEndTheProcessIsNotTried) {
+TEST_F(RemediesTest, QueryThatWouldEndTheProcessIsNotTried) {
   WritePackage("other");
   folder.Write("member.txt", "x");
   folder.Write("q.xml", Pack({PackItself("q.xml").Set("applicableMachineTypes", {"5678"}),
@@ -220,7 +220,7 @@ TEST_F(ExplainChangeTest, QueryThatWouldEndTheProcessIsNotTried) {
   }
 }
 
-TEST_F(ExplainChangeTest, ListsWithOneIdInBothAreNotGiven) {
+TEST_F(RemediesTest, ListsWithOneIdInBothAreNotGiven) {
   WritePack({Member("a").Set("driverFiles", {"x-#1"}).Set("Version", "1"),
              Member("b").Set("driverFiles", {"x-#1"}).Set("Version", "2")});
   for (const Texts& changes : Found("a", {"--include", "a", "--include", "b"})) {
@@ -228,7 +228,7 @@ TEST_F(ExplainChangeTest, ListsWithOneIdInBothAreNotGiven) {
   }
 }
 
-TEST_F(ExplainChangeTest, SearchThatEndsEarlySaysSo) {
+TEST_F(RemediesTest, SearchThatEndsEarlySaysSo) {
   std::vector<std::string> types;
   for (int type = 2000; type < 2400; ++type) types.push_back(std::to_string(type));
   const std::vector<std::string> any(types.size(), "0");
@@ -253,7 +253,7 @@ TEST_F(ExplainChangeTest, SearchThatEndsEarlySaysSo) {
   }
 }
 
-TEST_F(ExplainChangeTest, TriedQueriesAreNotLogged) {
+TEST_F(RemediesTest, TriedQueriesAreNotLogged) {
   WritePackage("a");
   const Outcome outcome = Explain("a", {"--log-level", "3"});
   ASSERT_EQ(outcome.status, 0);

@@ -16,7 +16,6 @@ namespace Vornik::Testing {
 namespace {
 
 using Cli::Filter;
-using Cli::FilterSetting;
 using testing::ElementsAreArray;
 using testing::SizeIs;
 using testing::UnorderedElementsAreArray;
@@ -73,32 +72,29 @@ TEST(FilterTableTest, EverySetterOfAFilterHasOneSetting) {
   }
   ASSERT_FALSE(setters.empty());
   std::vector<std::string> settings;
-  for (const FilterSetting& setting : Cli::FilterSettings()) {
-    settings.push_back(InLowerCase(setting.name));
+  for (const Filter* filter : Cli::FiltersWithSetting()) {
+    settings.push_back(InLowerCase(filter->setting->name));
   }
   EXPECT_THAT(settings, UnorderedElementsAreArray(setters));
 }
 
-TEST(FilterTableTest, EverySettingIsThatOfOneRow) {
-  std::vector<std::string> ofRows;
-  std::vector<std::string> ordered;
+TEST(FilterTableTest, EveryRowWithASettingIsAmongThem) {
+  std::vector<const Filter*> rows;
   for (const Filter& filter : Cli::Filters()) {
-    EXPECT_EQ(filter.setting.has_value(), filter.offBecause != nullptr) << filter.name;
-    if (filter.setting) ofRows.emplace_back(filter.setting->option);
+    if (filter.setting) rows.push_back(&filter);
   }
-  for (const FilterSetting& setting : Cli::FilterSettings()) ordered.emplace_back(setting.option);
-  EXPECT_THAT(ordered, UnorderedElementsAreArray(ofRows));
+  EXPECT_THAT(Cli::FiltersWithSetting(), UnorderedElementsAreArray(rows));
 }
 
 TEST(FilterTableTest, MembersOfSettingsAreDistinct) {
   Cli::QuerySettings settings;
   std::set<const void*> members;
-  for (const FilterSetting& setting : Cli::FilterSettings()) {
+  for (const Filter* filter : Cli::FiltersWithSetting()) {
     members.insert(std::visit(
         [&settings](auto member) { return static_cast<const void*>(&(settings.*member)); },
-        setting.member));
+        filter->setting->member));
   }
-  EXPECT_THAT(members, SizeIs(Cli::FilterSettings().size()));
+  EXPECT_THAT(members, SizeIs(Cli::FiltersWithSetting().size()));
 }
 
 }  // namespace

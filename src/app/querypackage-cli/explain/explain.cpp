@@ -33,17 +33,10 @@ void OmitOtherReason(const QueryPackageResult& record, FilterExplanation& explan
       "The folder changed after the query: its descriptors as they are now give another verdict.");
 }
 
-std::vector<FilterExplanation> ExplainAll(const PackageContext& package,
-                                          PackageExplanation& explanation) {
-  return {ExplainDuplicate(package, explanation.repeats),
-          ExplainPlatform(package),
-          ExplainKovu(package),
-          ExplainSep(package),
-          ExplainPayload(package),
-          ExplainSupersede(package, explanation.supersede),
-          ExplainInclude(package),
-          ExplainExclude(package),
-          ExplainUpdateType(package)};
+std::vector<FilterExplanation> ExplainAll(const PackageContext& package) {
+  std::vector<FilterExplanation> explanations;
+  for (const Filter& filter : Filters()) explanations.push_back(filter.explain(package));
+  return explanations;
 }
 
 // For a record whose descriptor is gone.
@@ -158,7 +151,9 @@ class Explainer {
     } else {
       const PackageContext context{settings_, model_, query, evaluated, query.sources[evaluated]};
       AddSource(context, package);
-      package.filters = ExplainAll(context, package);
+      package.filters = ExplainAll(context);
+      package.repeats = RepeatsOf(context);
+      package.supersede = SupersedeChainOf(context);
     }
     for (FilterExplanation& filter : package.filters) {
       OmitOtherReason(package.record, filter);

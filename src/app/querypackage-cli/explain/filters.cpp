@@ -22,6 +22,21 @@ std::string PlaceOf(const PropertySource& source) {
                                 : fmt::format("member {} of {}", source.member, source.File());
 }
 
+std::string VersionOf(const PropertySource& source) {
+  return GetPropertyValue(PropertyName::Version, source.entry->properties);
+}
+
+std::vector<PropertySource> DroppedAsRepeats(const PackageContext& package) {
+  const PropertySource& kept = package.query.origins[package.index];
+  std::vector<PropertySource> dropped;
+  for (const Duplicate& duplicate : package.query.duplicates) {
+    if (package.query.built[duplicate.kept].entry == kept.entry) {
+      dropped.push_back(package.query.built[duplicate.index]);
+    }
+  }
+  return dropped;
+}
+
 // How a pack lists a code: as one of its packages, or first, where it is lost. Empty if it does
 // not.
 std::string ListingText(const KovuPackEntry& pack, const std::string& code) {
@@ -104,7 +119,7 @@ FilterExplanation& Say(FilterExplanation& explanation, const char* reason, std::
 }
 
 FilterExplanation& ExplainOff(FilterExplanation& explanation) {
-  return Say(explanation, "off", FilterOf(explanation.filter).offBecause);
+  return Say(explanation, "off", FilterOf(explanation.filter).setting.value().offBecause);
 }
 
 FilterExplanation& ExplainNoProperties(FilterExplanation& explanation) {
@@ -119,28 +134,34 @@ void AddReading(FilterExplanation& explanation, const PackageContext& package,
       {property, GetPropertyValues(property, package.source.entry->properties)});
 }
 
-FilterExplanation ExplainDuplicate(const PackageContext& package, std::vector<Repeat>& repeats) {
+FilterExplanation ExplainDuplicate(const PackageContext& package) {
   FilterExplanation explanation = BeginExplanation(FilterId::Duplicate, package);
   const PropertySource& kept = package.query.origins[package.index];
   explanation.file = kept.File();
   explanation.properties.push_back(
       {PropertyName::identificationCode, {package.Record().identificationCode}});
-  for (const Duplicate& duplicate : package.query.duplicates) {
-    if (package.query.built[duplicate.kept].entry != kept.entry) continue;
-    const PropertySource& dropped = package.query.built[duplicate.index];
-    const std::string version = GetPropertyValue(PropertyName::Version, dropped.entry->properties);
-    repeats.push_back({dropped.entry->xmlFile,
-                       dropped.pack == nullptr ? "" : dropped.pack->kovuXmlFile, version});
+  const std::vector<PropertySource> dropped = DroppedAsRepeats(package);
+  for (const PropertySource& repeat : dropped) {
     explanation.details.push_back(fmt::format("{}, version \"{}\", was dropped as a repeat of it.",
-                                              PlaceOf(dropped), version));
+                                              PlaceOf(repeat), VersionOf(repeat)));
   }
-  if (repeats.empty()) {
+  if (dropped.empty()) {
     return Say(explanation, "only", "No other descriptor of the query has this code.");
   }
   return Say(
       explanation, "first",
       fmt::format("{} stands first and stayed; {} dropped.", PlaceOf(kept),
-                  Count(repeats.size(), "repeat") + (repeats.size() == 1 ? " was" : " were")));
+                  Count(dropped.size(), "repeat") + (dropped.size() == 1 ? " was" : " were")));
+}
+
+std::vector<Repeat> RepeatsOf(const PackageContext& package) {
+  std::vector<Repeat> repeats;
+  for (const PropertySource& dropped : DroppedAsRepeats(package)) {
+    repeats.push_back({dropped.entry->xmlFile,
+                       dropped.pack == nullptr ? "" : dropped.pack->kovuXmlFile,
+                       VersionOf(dropped)});
+  }
+  return repeats;
 }
 
 FilterExplanation ExplainKovu(const PackageContext& package) {

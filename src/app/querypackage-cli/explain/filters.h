@@ -25,7 +25,7 @@ struct PackageContext {
 
 // What a filter's rule says, with the verdict that it gives. log stays empty, and the supersede
 // filter is explained elsewhere.
-FilterExplanation ExplainDuplicate(const PackageContext& package, std::vector<Repeat>& repeats);
+FilterExplanation ExplainDuplicate(const PackageContext& package);
 FilterExplanation ExplainPlatform(const PackageContext& package);
 FilterExplanation ExplainKovu(const PackageContext& package);
 FilterExplanation ExplainSep(const PackageContext& package);
@@ -33,6 +33,9 @@ FilterExplanation ExplainPayload(const PackageContext& package);
 FilterExplanation ExplainInclude(const PackageContext& package);
 FilterExplanation ExplainExclude(const PackageContext& package);
 FilterExplanation ExplainUpdateType(const PackageContext& package);
+
+// The descriptors that were dropped because they repeat the package's code.
+std::vector<Repeat> RepeatsOf(const PackageContext& package);
 
 // An explanation with the verdict in the record, and without a reason.
 FilterExplanation BeginExplanation(FilterId filter, const PackageContext& package);

@@ -1,47 +1,8 @@
 #include "explain/log_lines.h"
 
-#include <array>
-
 #include "log_texts.h"
 
 namespace Vornik::Cli {
-
-namespace {
-
-// What a filter logs, in the order of FilterId.
-struct FilterLines {
-  bool looksUpProperties;
-  const char* matched;  // after the code; null: the verdict is not logged
-  const char* notMatched;
-};
-
-constexpr std::array<FilterLines, filterCount> filterLines{{
-    {false, nullptr, nullptr},
-    {true, LogText::platformMatched, LogText::platformNotMatched},
-    {false, LogText::kovuMatched, LogText::kovuNotMatched},
-    {false, LogText::sepMatched, LogText::sepNotMatched},
-    {true, LogText::payloadExistMatched, LogText::payloadExistNotMatched},
-    {true, nullptr, nullptr},
-    {false, LogText::includeIdMatched, LogText::includeIdNotMatched},
-    {false, LogText::excludeIdMatched, LogText::excludeIdNotMatched},
-    {true, LogText::updateTypeMatched, LogText::updateTypeNotMatched},
-}};
-
-struct ReasonLine {
-  const char* reason;  // of a FilterExplanation
-  const char* line;
-};
-
-constexpr std::array<ReasonLine, 6> reasonLines{{
-    {"noMachineTypes", LogText::noMachineTypeList},
-    {"noOperatingSystems", LogText::noOsList},
-    {"noArchitectures", LogText::noArchitectureList},
-    {"noXmlFilename", LogText::noXmlFilename},
-    {"noPayload", LogText::noPayload},
-    {"noType", LogText::noUpdateType},
-}};
-
-}  // namespace
 
 std::vector<std::string> LogLinesOf(const FilterExplanation& explanation, const std::string& code,
                                     std::size_t repeats) {
@@ -49,13 +10,15 @@ std::vector<std::string> LogLinesOf(const FilterExplanation& explanation, const 
   if (explanation.filter == FilterId::Duplicate) {
     return std::vector<std::string>(repeats, code + LogText::duplicateDropped);
   }
-  const FilterLines& filter = filterLines[static_cast<std::size_t>(explanation.filter)];
+  const FilterLines& filter = FilterOf(explanation.filter).lines;
   std::vector<std::string> lines;
-  if (filter.looksUpProperties && code.empty()) {
-    lines = {LogText::codeIsEmpty, LogText::noProperties};
+  if (filter.noProperties != nullptr && code.empty()) {
+    lines = {LogText::codeIsEmpty, filter.noProperties};
   }
-  for (const ReasonLine& each : reasonLines) {
-    if (explanation.reason == each.reason) lines.emplace_back(each.line);
+  for (const ReasonLine& error : filter.errors) {
+    if (error.reason != nullptr && explanation.reason == error.reason) {
+      lines.emplace_back(error.line);
+    }
   }
   const char* verdict = nullptr;
   if (explanation.status == FilterStatus::Matched) verdict = filter.matched;

@@ -243,7 +243,7 @@ SupersedeReason ReasonOf(const PackageContext& package) {
 
 }  // namespace
 
-FilterExplanation ExplainSupersede(const PackageContext& package, SupersedeChain& chain) {
+FilterExplanation ExplainSupersede(const PackageContext& package) {
   FilterExplanation explanation = BeginExplanation(FilterId::Supersede, package);
   if (!explanation.runs) return ExplainOff(explanation);
   if (package.source.entry != nullptr) {
@@ -252,13 +252,18 @@ FilterExplanation ExplainSupersede(const PackageContext& package, SupersedeChain
   AddRanked(explanation, package);
 
   const SupersedeReason reason = ReasonOf(package);
-  chain = ReasonTexts(package, reason).Chain();
+  const SupersedeChain chain = ReasonTexts(package, reason).Chain();
   SetVerdict(explanation, package, reason, chain);
   AddLists(explanation, chain);
   AddGroups(explanation, chain);
   AddLeftOut(explanation, chain);
   AddOwnPart(explanation, package, reason);
   return explanation;
+}
+
+SupersedeChain SupersedeChainOf(const PackageContext& package) {
+  if (!package.query.supersedence) return {};
+  return ReasonTexts(package, ReasonOf(package)).Chain();
 }
 
 }  // namespace Vornik::Cli

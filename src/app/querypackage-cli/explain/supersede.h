@@ -7,8 +7,10 @@
 
 namespace Vornik::Cli {
 
-// The chain stays empty where the filter does not run.
-FilterExplanation ExplainSupersede(const PackageContext& package, SupersedeChain& chain);
+FilterExplanation ExplainSupersede(const PackageContext& package);
+
+// Empty where the filter does not run.
+SupersedeChain SupersedeChainOf(const PackageContext& package);
 
 }  // namespace Vornik::Cli
 

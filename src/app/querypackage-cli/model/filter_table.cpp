@@ -2,6 +2,15 @@
 
 #include <algorithm>
 
+#include "explain/filters.h"
+#include "explain/supersede.h"
+#include "filters/kovu.h"
+#include "filters/sep.h"
+#include "filters/update_type.h"
+#include "model/literals.h"
+#include "model/query_model.h"
+#include "text/decimal.h"
+
 namespace Vornik::Cli {
 
 namespace {
@@ -9,94 +18,203 @@ namespace {
 using Record = QueryPackageResult;
 using Settings = QuerySettings;
 
+std::uint32_t StatusOf(bool matched) {
+  return matched ? FilterStatus::Matched : FilterStatus::NotMatched;
+}
+
+std::uint32_t EvaluatePayloadExist(const FilterInput& input) {
+  return StatusOf(input.source.entry != nullptr &&
+                  input.model.PayloadOf(input.source) == PayloadVerdict::Found);
+}
+
+std::uint32_t EvaluateType(const FilterInput& input) {
+  if (input.source.entry == nullptr) return FilterStatus::NotEvaluated;
+  const UpdateTypeVerdict verdict =
+      EvaluateUpdateType(input.source.entry->properties, input.settings.updateTypes);
+  if (verdict == UpdateTypeVerdict::NoType) return FilterStatus::NotEvaluated;
+  return StatusOf(verdict == UpdateTypeVerdict::Matched);
+}
+
+std::string OwnValue(const PropertySource& package, const char* property) {
+  return GetPropertyValue(property, package.entry->properties);
+}
+
 constexpr std::array<Filter, filterCount> filters{{
-    {FilterId::Duplicate, "duplicate", "", nullptr, "", LogText::duplicate,
+    {FilterId::Duplicate,
+     "duplicate",
+     "",
+     nullptr,
+     "",
+     LogText::duplicate,
+     {},
      "Of all descriptors with exactly the same identification code the first one becomes the "
      "package, members of the chosen pack before individual descriptors.",
-     nullptr, std::nullopt},
+     nullptr,
+     ExplainDuplicate},
 
-    {FilterId::Platform, "platform", "platformFilterStatus", &Record::platformFilterStatus,
-     "PLATFORM", LogText::platform,
+    {FilterId::Platform,
+     "platform",
+     "platformFilterStatus",
+     &Record::platformFilterStatus,
+     "PLATFORM",
+     LogText::platform,
+     {LogText::platformMatched,
+      LogText::platformNotMatched,
+      LogText::noProperties,
+      {{{"noMachineTypes", LogText::noMachineTypeList},
+        {"noOperatingSystems", LogText::noOsList},
+        {"noArchitectures", LogText::noArchitectureList}}}},
      "One position of \"orderedMachineTypeList\", \"orderedOSList\" and "
      "\"orderedOSArchitectureList\" has to hold exactly the machine type, and the operating system "
      "and the architecture or 0.",
-     nullptr, std::nullopt},
+     [](const FilterInput& input) { return PlatformStatus(input.settings, input.source); },
+     ExplainPlatform},
 
-    {FilterId::Kovu, "kovu", "kovuFilterStatus", &Record::kovuFilterStatus, "KOVU", LogText::kovu,
+    {FilterId::Kovu,
+     "kovu",
+     "kovuFilterStatus",
+     &Record::kovuFilterStatus,
+     "KOVU",
+     LogText::kovu,
+     {LogText::kovuMatched, LogText::kovuNotMatched},
      "The package has to come from the one pack that is chosen for the machine.",
-     "It is switched off by --no-kovu-filter.",
+     [](const FilterInput& input) { return StatusOf(IsFromPack(input.record)); },
+     ExplainKovu,
      FilterSetting{
          "kovuFilter", &Settings::kovuFilter,
          [](const Settings& from, QueryPackage& to) { to.SetKovuFilter(from.kovuFilter); },
-         "--no-kovu-filter", "", "Do not judge whether a package comes from the machine's pack"}},
+         "--no-kovu-filter", "Do not judge whether a package comes from the machine's pack",
+         "It is switched off by --no-kovu-filter.", Dependence::Interdependent}},
 
-    {FilterId::Sep, "sep", "sepFilterStatus", &Record::sepFilterStatus, "SEP", LogText::sep,
+    {FilterId::Sep,
+     "sep",
+     "sepFilterStatus",
+     &Record::sepFilterStatus,
+     "SEP",
+     LogText::sep,
+     {LogText::sepMatched, LogText::sepNotMatched},
      "The identification code must hold neither \"orx_utl_tsep\" nor \"orx_utl_sep\", in exactly "
      "these letters.",
-     "It is switched off by --no-sep-filter.",
+     [](const FilterInput& input) { return StatusOf(!IsSepCode(input.record.identificationCode)); },
+     ExplainSep,
      FilterSetting{"sepFilter", &Settings::sepFilter,
                    [](const Settings& from, QueryPackage& to) { to.SetSepFilter(from.sepFilter); },
-                   "--no-sep-filter", "", "Do not judge whether a package is a Sep package"}},
+                   "--no-sep-filter", "Do not judge whether a package is a Sep package",
+                   "It is switched off by --no-sep-filter.", Dependence::Independent}},
 
-    {FilterId::PayloadExist, "payloadExist", "payloadExistFilterStatus",
-     &Record::payloadExistFilterStatus, "PAYLOAD", LogText::payloadExist,
+    {FilterId::PayloadExist,
+     "payloadExist",
+     "payloadExistFilterStatus",
+     &Record::payloadExistFilterStatus,
+     "PAYLOAD",
+     LogText::payloadExist,
+     {LogText::payloadExistMatched,
+      LogText::payloadExistNotMatched,
+      LogText::noProperties,
+      {{{"noXmlFilename", LogText::noXmlFilename}, {"noPayload", LogText::noPayload}, {}}}},
      "The names in \"xmlFilename\" and \"payload\" have to be regular files of the folder.",
-     "It is switched off by --no-payload-exist-filter.",
+     EvaluatePayloadExist,
+     ExplainPayload,
      FilterSetting{"payloadExistFilter", &Settings::payloadExistFilter,
                    [](const Settings& from, QueryPackage& to) {
                      to.SetPayloadExistFilter(from.payloadExistFilter);
                    },
-                   "--no-payload-exist-filter", "",
-                   "Do not judge whether a package's files are in the folder"}},
+                   "--no-payload-exist-filter",
+                   "Do not judge whether a package's files are in the folder",
+                   "It is switched off by --no-payload-exist-filter.", Dependence::Independent}},
 
-    {FilterId::Supersede, "supersede", "supersedeFilterStatus", &Record::supersedeFilterStatus,
-     "SUPERSEDE", LogText::supersede,
+    {FilterId::Supersede,
+     "supersede",
+     "supersedeFilterStatus",
+     &Record::supersedeFilterStatus,
+     "SUPERSEDE",
+     LogText::supersede,
+     {nullptr, nullptr, LogText::noProperties},
      "No package of the query may replace it, neither by a \"supersede\" list nor by a greater "
      "\"Version\" (compared as text) among those that share a driver file, which has the last "
      "word.",
-     "It is switched off by --no-supersede-filter.",
+     nullptr,
+     ExplainSupersede,
      FilterSetting{"supersedeFilter", &Settings::supersedeFilter,
                    [](const Settings& from, QueryPackage& to) {
                      to.SetSupersedeFilter(from.supersedeFilter);
                    },
-                   "--no-supersede-filter", "",
-                   "Do not judge whether a package is replaced by another one"}},
+                   "--no-supersede-filter",
+                   "Do not judge whether a package is replaced by another one",
+                   "It is switched off by --no-supersede-filter.", Dependence::Interdependent}},
 
-    {FilterId::IncludeId, "includeId", "includeIdFilterStatus", &Record::includeIdFilterStatus,
-     "INCLUDE", LogText::includeIds,
+    {FilterId::IncludeId,
+     "includeId",
+     "includeIdFilterStatus",
+     &Record::includeIdFilterStatus,
+     "INCLUDE",
+     LogText::includeIds,
+     {LogText::includeIdMatched, LogText::includeIdNotMatched},
      "The identification code has to be in the include list, as a whole and in any case.",
-     "It is off because no --include is given.",
+     [](const FilterInput& input) {
+       return StatusOf(input.ids.included.Contains(input.record.identificationCode));
+     },
+     ExplainInclude,
      FilterSetting{"includePackageIds", &Settings::includePackageIds,
                    [](const Settings& from, QueryPackage& to) {
                      to.SetIncludePackageIDs(from.includePackageIds);
                    },
-                   "--include", "ID",
+                   "--include",
                    "Identification code that is wanted, in any case.\n"
-                   "Repeatable; without it the filter is off"}},
+                   "Repeatable; without it the filter is off",
+                   "It is off because no --include is given.", Dependence::Independent, "ID",
+                   [](const PropertySource& package, Settings& settings) {
+                     settings.includePackageIds.push_back(
+                         OwnValue(package, PropertyName::identificationCode));
+                   }}},
 
-    {FilterId::ExcludeId, "excludeId", "excludeIdFilterStatus", &Record::excludeIdFilterStatus,
-     "EXCLUDE", LogText::excludeIds,
+    {FilterId::ExcludeId,
+     "excludeId",
+     "excludeIdFilterStatus",
+     &Record::excludeIdFilterStatus,
+     "EXCLUDE",
+     LogText::excludeIds,
+     {LogText::excludeIdMatched, LogText::excludeIdNotMatched},
      "The identification code must not be in the exclude list, as a whole and in any case.",
-     "It is off because no --exclude is given.",
+     [](const FilterInput& input) {
+       return StatusOf(!input.ids.excluded.Contains(input.record.identificationCode));
+     },
+     ExplainExclude,
      FilterSetting{"excludePackageIds", &Settings::excludePackageIds,
                    [](const Settings& from, QueryPackage& to) {
                      to.SetExcludePackageIDs(from.excludePackageIds);
                    },
-                   "--exclude", "ID",
+                   "--exclude",
                    "Identification code that is not wanted, in any case.\n"
-                   "Repeatable; without it the filter is off"}},
+                   "Repeatable; without it the filter is off",
+                   "It is off because no --exclude is given.", Dependence::Interdependent, "ID"}},
 
-    {FilterId::UpdateType, "updateType", "updateTypeFilterStatus", &Record::updateTypeFilterStatus,
-     "TYPE", LogText::updateType,
+    {FilterId::UpdateType,
+     "updateType",
+     "updateTypeFilterStatus",
+     &Record::updateTypeFilterStatus,
+     "TYPE",
+     LogText::updateType,
+     {LogText::updateTypeMatched,
+      LogText::updateTypeNotMatched,
+      LogText::noProperties,
+      {{{"noType", LogText::noUpdateType}, {}, {}}}},
      "The number at the front of \"type\" has to be an update type that is asked for; 99 on either "
      "side meets everything.",
-     "It is off because no --update-type is given.",
+     EvaluateType,
+     ExplainUpdateType,
      FilterSetting{
          "updateTypes", &Settings::updateTypes,
          [](const Settings& from, QueryPackage& to) { to.SetUpdateTypes(from.updateTypes); },
-         "--update-type", "N",
+         "--update-type",
          "Update type that is wanted, -2147483648 to 2147483647;\n"
-         "99 is any. Repeatable; without it the filter is off"}},
+         "99 is any. Repeatable; without it the filter is off",
+         "It is off because no --update-type is given.", Dependence::Independent, "N",
+         [](const PropertySource& package, Settings& settings) {
+           settings.updateTypes.push_back(
+               static_cast<UpdateType>(ParseDecimal(OwnValue(package, PropertyName::type))));
+         }},
+     PropertyName::type},
 }};
 
 // Published: help, documents and remedies have the settings in this order.
@@ -117,14 +235,14 @@ const std::array<Filter, filterCount>& Filters() { return filters; }
 
 const Filter& FilterOf(FilterId id) { return filters[static_cast<std::size_t>(id)]; }
 
-const std::vector<FilterSetting>& FilterSettings() {
-  static const std::vector<FilterSetting> settings = [] {
-    std::vector<FilterSetting> ordered;
-    ordered.reserve(settingOrder.size());
-    for (const FilterId id : settingOrder) ordered.push_back(FilterOf(id).setting.value());
-    return ordered;
+const std::vector<const Filter*>& FiltersWithSetting() {
+  static const std::vector<const Filter*> ordered = [] {
+    std::vector<const Filter*> all;
+    all.reserve(settingOrder.size());
+    for (const FilterId id : settingOrder) all.push_back(&FilterOf(id));
+    return all;
   }();
-  return settings;
+  return ordered;
 }
 
 bool Runs(const Filter& filter, const QuerySettings& settings) {

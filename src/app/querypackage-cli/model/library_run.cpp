@@ -51,7 +51,7 @@ std::string ParameterAdvice(const QuerySettings& settings) {
 void ApplySettings(const QuerySettings& settings, QueryPackage& query) {
   query.SetXMLPackageFolder(settings.folder);
   query.SetPlatform(settings.osValue, settings.arcValue, settings.machineType);
-  for (const FilterSetting& setting : FilterSettings()) setting.apply(settings, query);
+  for (const Filter* filter : FiltersWithSetting()) filter->setting.value().apply(settings, query);
 }
 
 }  // namespace

@@ -2,40 +2,14 @@
 
 #include <algorithm>
 
-#include "filters/kovu.h"
 #include "filters/platform.h"
-#include "filters/sep.h"
-#include "filters/update_type.h"
+#include "model/filter_table.h"
 #include "model/literals.h"
 #include "records/driver_files.h"
 #include "records/record_building.h"
 #include "text/paths.h"
 
 namespace Vornik::Cli {
-
-namespace {
-
-std::uint32_t StatusOf(bool matched) {
-  return matched ? FilterStatus::Matched : FilterStatus::NotMatched;
-}
-
-std::uint32_t StatusOf(PlatformVerdict verdict) {
-  switch (verdict) {
-    case PlatformVerdict::Matched:
-      return FilterStatus::Matched;
-    case PlatformVerdict::NotMatched:
-      return FilterStatus::NotMatched;
-    default:
-      return FilterStatus::NotEvaluated;
-  }
-}
-
-std::uint32_t StatusOf(UpdateTypeVerdict verdict) {
-  return verdict == UpdateTypeVerdict::NoType ? FilterStatus::NotEvaluated
-                                              : StatusOf(verdict == UpdateTypeVerdict::Matched);
-}
-
-}  // namespace
 
 QueryModel::QueryModel(const FolderReading& folder, std::string path)
     : folder_(folder), path_(std::move(path)) {}
@@ -94,36 +68,16 @@ void QueryModel::BuildOne(const PropertySource& source, Evaluation& query) {
   query.built.push_back(source);
 }
 
-void QueryModel::FilterPlatform(const QuerySettings& settings, const PropertySource& source,
-                                QueryPackageResult& record) {
-  if (source.entry == nullptr) return;
-  const PlatformResult result = EvaluatePlatform(source.entry->properties, settings.osValue,
-                                                 settings.arcValue, settings.machineType);
-  record.platformFilterStatus = StatusOf(result.verdict);
-}
-
 QueryModel::IdLists::IdLists(const QuerySettings& settings)
     : included(settings.includePackageIds), excluded(settings.excludePackageIds) {}
 
 void QueryModel::FilterEach(const QuerySettings& settings, const IdLists& ids,
                             const PropertySource& source, QueryPackageResult& record) {
-  const std::string& code = record.identificationCode;
-  FilterPlatform(settings, source, record);
-  if (settings.kovuFilter) record.kovuFilterStatus = StatusOf(IsFromPack(record));
-  if (settings.sepFilter) record.sepFilterStatus = StatusOf(!IsSepCode(code));
-  if (settings.payloadExistFilter) {
-    record.payloadExistFilterStatus =
-        StatusOf(source.entry != nullptr && PayloadOf(source) == PayloadVerdict::Found);
-  }
-  if (!settings.includePackageIds.empty()) {
-    record.includeIdFilterStatus = StatusOf(ids.included.Contains(code));
-  }
-  if (!settings.excludePackageIds.empty()) {
-    record.excludeIdFilterStatus = StatusOf(!ids.excluded.Contains(code));
-  }
-  if (!settings.updateTypes.empty() && source.entry != nullptr) {
-    record.updateTypeFilterStatus =
-        StatusOf(EvaluateUpdateType(source.entry->properties, settings.updateTypes));
+  const FilterInput input{settings, ids, source, record, *this};
+  for (const Filter& filter : Filters()) {
+    if (filter.evaluate != nullptr && Runs(filter, settings)) {
+      record.*filter.slot = filter.evaluate(input);
+    }
   }
 }
 
@@ -163,6 +117,20 @@ PayloadVerdict QueryModel::PayloadOf(const PropertySource& source) {
   if (known != payloads_.end()) return known->second;
   const PayloadVerdict verdict = EvaluatePayload(source.entry->properties, path_);
   return payloads_.emplace(source.entry, verdict).first->second;
+}
+
+std::uint32_t PlatformStatus(const QuerySettings& settings, const PropertySource& source) {
+  if (source.entry == nullptr) return FilterStatus::NotEvaluated;
+  switch (EvaluatePlatform(source.entry->properties, settings.osValue, settings.arcValue,
+                           settings.machineType)
+              .verdict) {
+    case PlatformVerdict::Matched:
+      return FilterStatus::Matched;
+    case PlatformVerdict::NotMatched:
+      return FilterStatus::NotMatched;
+    default:
+      return FilterStatus::NotEvaluated;
+  }
 }
 
 std::size_t IndexOf(const std::vector<QueryPackageResult>& records, const std::string& code) {

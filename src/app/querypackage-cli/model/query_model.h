@@ -4,6 +4,7 @@
 #define VORNIK_CLI_MODEL_QUERY_MODEL_H
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -51,15 +52,12 @@ class QueryModel {
   //
   // The records after the duplicate filter: of the settings, they depend on the chosen pack only.
   Evaluation BuildRecords(const QuerySettings& settings);
-  // Write one record's slots: that of the platform filter, and those of all filters but the
-  // supersede filter. source: of the record.
-  static void FilterPlatform(const QuerySettings& settings, const PropertySource& source,
-                             QueryPackageResult& record);
   struct IdLists {
     explicit IdLists(const QuerySettings& settings);
     IdSet included;
     IdSet excluded;
   };
+  // Writes one record's slots of the filters that look at it alone. source: of the record.
   void FilterEach(const QuerySettings& settings, const IdLists& ids, const PropertySource& source,
                   QueryPackageResult& record);
   // Of the records' slots it reads only that of the platform filter, and it writes none.
@@ -84,6 +82,18 @@ class QueryModel {
   std::unordered_map<const PackageXmlEntry*, PayloadVerdict> payloads_;
   std::map<std::pair<std::string, OsValue>, std::vector<PackResult>> packs_;
 };
+
+// One record, for the filters that look at it alone.
+struct FilterInput {
+  const QuerySettings& settings;
+  const QueryModel::IdLists& ids;  // of the settings
+  const PropertySource& source;    // of the record
+  const QueryPackageResult& record;
+  QueryModel& model;
+};
+
+// The platform filter's slot. source: of the record.
+std::uint32_t PlatformStatus(const QuerySettings& settings, const PropertySource& source);
 
 // The index of the record of exactly that code; the number of records if there is none.
 std::size_t IndexOf(const std::vector<QueryPackageResult>& records, const std::string& code);

@@ -54,7 +54,8 @@ Json SettingsObject(const QuerySettings& settings) {
               {"machineType", settings.machineType},
               {"osValue", static_cast<std::uint32_t>(settings.osValue)},
               {"arcValue", static_cast<std::uint32_t>(settings.arcValue)}};
-  for (const FilterSetting& setting : FilterSettings()) {
+  for (const Filter* filter : FiltersWithSetting()) {
+    const FilterSetting& setting = filter->setting.value();
     object[setting.name] =
         std::visit([&settings](auto member) { return ValueOf(settings.*member); }, setting.member);
   }

@@ -4,16 +4,15 @@
 #include <array>
 #include <set>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "filters/package_ids.h"
-#include "filters/sep.h"
-#include "filters/update_type.h"
+#include "model/filter_table.h"
 #include "model/literals.h"
 #include "remedy/platform_candidates.h"
 #include "remedy/repository_faults.h"
 #include "remedy/trials.h"
-#include "text/decimal.h"
 #include "text/letter_case.h"
 
 namespace Vornik::Cli {
@@ -38,31 +37,45 @@ Ids With(Ids ids, const Ids& more) {
   return ids;
 }
 
-// Changes of settings whose effect on the package depends on no other setting. Each element makes
-// all filters match that look at the package's own properties, in as few changes as possible.
-std::vector<QuerySettings> OwnChanges(QueryModel& model, QuerySettings settings,
-                                      const std::string& code, const PropertySource& source) {
-  if (IsSepCode(code)) settings.sepFilter = false;
-  if (model.PayloadOf(source) != PayloadVerdict::Found) settings.payloadExistFilter = false;
+bool IsMatched(const Filter& filter, const FilterInput& input) {
+  return !Runs(filter, input.settings) || filter.evaluate(input) == FilterStatus::Matched;
+}
 
-  std::vector<QuerySettings> changed{settings};
-  const auto& properties = source.entry->properties;
-  const auto type = EvaluateUpdateType(properties, settings.updateTypes);
-  if (!settings.updateTypes.empty() && type != UpdateTypeVerdict::Matched) {
-    if (type == UpdateTypeVerdict::NotMatched) {
-      const auto number = ParseDecimal(GetPropertyValue(PropertyName::type, properties));
-      changed.front().updateTypes.push_back(static_cast<UpdateType>(number));
-      changed.push_back(settings);
+void SwitchOff(const FilterSetting& setting, QuerySettings& settings) {
+  std::visit([&settings](auto member) { settings.*member = {}; }, setting.member);
+}
+
+// Changes of independent settings. Each element makes all their filters match, in as few changes
+// as possible.
+std::vector<QuerySettings> OwnChanges(QueryModel& model, const QuerySettings& settings,
+                                      const std::string& code, const PropertySource& source) {
+  QueryPackageResult record;
+  record.identificationCode = code;
+  const auto matches = [&](const Filter& filter, const QuerySettings& changed) {
+    return IsMatched(filter, {changed, QueryModel::IdLists(changed), source, record, model});
+  };
+  std::vector<QuerySettings> changes{settings};
+  for (const Filter* filter : FiltersWithSetting()) {
+    const FilterSetting& setting = filter->setting.value();
+    if (setting.dependence != Dependence::Independent || matches(*filter, settings)) continue;
+    std::vector<QuerySettings> longer;
+    for (QuerySettings each : changes) {
+      if (setting.addOwn == nullptr) break;
+      setting.addOwn(source, each);
+      if (matches(*filter, each)) longer.push_back(std::move(each));
     }
-    changed.back().updateTypes.clear();
+    for (QuerySettings& each : changes) SwitchOff(setting, each);
+    changes.insert(changes.begin(), longer.begin(), longer.end());
   }
-  if (!settings.includePackageIds.empty() && !IsListed(settings.includePackageIds, code)) {
-    std::vector<QuerySettings> withoutList = changed;
-    for (QuerySettings& each : changed) each.includePackageIds.push_back(code);
-    for (QuerySettings& each : withoutList) each.includePackageIds.clear();
-    changed.insert(changed.end(), withoutList.begin(), withoutList.end());
+  return changes;
+}
+
+void CopyIndependent(const QuerySettings& from, QuerySettings& to) {
+  for (const Filter* filter : FiltersWithSetting()) {
+    const FilterSetting& setting = filter->setting.value();
+    if (setting.dependence != Dependence::Independent) continue;
+    std::visit([&](auto member) { to.*member = from.*member; }, setting.member);
   }
-  return changed;
 }
 
 // Which settings are changed whose effect on the package depends on other settings.
@@ -208,10 +221,7 @@ class Search {
 
   void TryWithOwnChanges(QuerySettings query) {
     for (const QuerySettings& own : ownChanges_) {
-      query.updateTypes = own.updateTypes;
-      query.includePackageIds = own.includePackageIds;
-      query.sepFilter = own.sepFilter;
-      query.payloadExistFilter = own.payloadExistFilter;
+      CopyIndependent(own, query);
       if (!IsEnough() && trials_.Passes(query)) queries_.push_back(query);
     }
   }

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "filters/platform.h"
-#include "filters/update_type.h"
+#include "model/filter_table.h"
 #include "model/literals.h"
 #include "model/query_parameters.h"
 #include "output/wording.h"
@@ -67,12 +67,6 @@ std::string PayloadFault(PayloadVerdict verdict, const PropertySource& source,
   return "";
 }
 
-std::string TypeFault(const PropertySource& source, const QuerySettings& settings) {
-  const bool missing = EvaluateUpdateType(source.entry->properties, settings.updateTypes) ==
-                       UpdateTypeVerdict::NoType;
-  return missing ? MissingText(source, PropertyName::type, "updateType") : "";
-}
-
 }  // namespace
 
 std::vector<std::string> FindRepositoryFaults(QueryModel& model, const QuerySettings& settings,
@@ -86,7 +80,13 @@ std::vector<std::string> FindRepositoryFaults(QueryModel& model, const QuerySett
   if (settings.payloadExistFilter) {
     faults.push_back(PayloadFault(model.PayloadOf(source), source, settings.folder));
   }
-  if (!settings.updateTypes.empty()) faults.push_back(TypeFault(source, settings));
+  for (const Filter& filter : Filters()) {
+    const char* needed = filter.neededProperty;
+    if (needed == nullptr || !Runs(filter, settings)) continue;
+    if (GetPropertyValue(needed, source.entry->properties).empty()) {
+      faults.push_back(MissingText(source, needed, filter.name));
+    }
+  }
   faults.erase(std::remove(faults.begin(), faults.end(), std::string()), faults.end());
   return faults;
 }

@@ -86,7 +86,8 @@ std::vector<SettingChange> ChangesBetween(const QuerySettings& before, const Que
   }
   CompareCodes(before.osValue, after.osValue, "osValue", "--os", changes);
   CompareCodes(before.arcValue, after.arcValue, "arcValue", "--arch", changes);
-  for (const FilterSetting& setting : FilterSettings()) {
+  for (const Filter* filter : FiltersWithSetting()) {
+    const FilterSetting& setting = filter->setting.value();
     std::visit(
         [&](auto member) { CompareFilterSetting(before.*member, after.*member, setting, changes); },
         setting.member);
@@ -102,7 +103,8 @@ std::vector<std::string> QueryArguments(const QuerySettings& settings) {
                       fmt::format("{}", static_cast<std::uint32_t>(settings.osValue)),
                       "--arch",
                       fmt::format("{}", static_cast<std::uint32_t>(settings.arcValue))};
-  for (const FilterSetting& setting : FilterSettings()) {
+  for (const Filter* filter : FiltersWithSetting()) {
+    const FilterSetting& setting = filter->setting.value();
     std::visit([&](auto member) { AddArguments(arguments, setting.option, settings.*member); },
                setting.member);
   }

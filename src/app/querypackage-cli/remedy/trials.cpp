@@ -62,7 +62,7 @@ void Trials::UseMachine(const Machine& machine, const QuerySettings& settings) {
   const auto [statuses, isNew] = platforms_.try_emplace(machine);
   for (std::size_t i = 0; i < records.size(); ++i) {
     if (isNew) {
-      model_.FilterPlatform(settings, query_->sources[i], records[i]);
+      records[i].platformFilterStatus = PlatformStatus(settings, query_->sources[i]);
       statuses->second.push_back(records[i].platformFilterStatus);
     } else {
       records[i].platformFilterStatus = statuses->second[i];

@@ -58,7 +58,7 @@ class ReasonTexts {
 
   std::vector<std::string> AppliedCodes() const {
     std::vector<std::string> codes;
-    for (const AppliedList& list : package_.query.supersedence->lists) {
+    for (const auto& [owner, list] : package_.query.supersedence->lists) {
       if (list.owner != reason_.listCounted) continue;
       for (const ListedCode& code : list.codes) {
         codes.push_back(Spelling(list.owner, code.position));

@@ -34,10 +34,9 @@ class SupersedeParts {
 
   std::map<std::string, CodeList> Map() const {
     std::map<std::string, CodeList> map;
-    for (const AppliedList& list : found_->lists) {
-      CodeList& codes = map[CodeOf(list.owner)];
+    for (const auto& [owner, list] : found_->lists) {
       for (const ListedCode& code : list.codes) {
-        codes.push_back(lists_[list.owner]->at(code.position));
+        map[owner].push_back(lists_[list.owner]->at(code.position));
       }
     }
     return map;
@@ -45,7 +44,7 @@ class SupersedeParts {
 
   CodeList KeysInOrder() const {
     CodeList keys;
-    for (const AppliedList& list : found_->lists) keys.push_back(CodeOf(list.owner));
+    for (const auto& [owner, list] : found_->lists) keys.push_back(CodeOf(list.owner));
     return keys;
   }
 
@@ -65,7 +64,7 @@ class SupersedeParts {
 
   std::vector<CodeList> RankedGroups() const {
     std::vector<CodeList> groups;
-    for (const RecordGroup& group : CleanGroups(BuiltGroups(), found_->isExcluded)) {
+    for (const RecordGroup& group : CleanGroups(BuiltGroups(), records_, found_->excludedIds)) {
       CodeList& codes = groups.emplace_back();
       for (const RecordIndex i : group) codes.push_back(CodeOf(i));
     }

@@ -408,7 +408,7 @@ TEST(SupersedePlain, RankingsOfLargeGroups) {
     SCOPED_TRACE(round);
     PlainRecords records(2 + pick.Below(60));
     PlainCodes group;
-    std::vector<RecordIndex> indices;
+    PlainCodes compared;
     PlainCodes versions;
     for (std::size_t left = 1 + pick.Below(12); left != 0; --left) {
       versions.push_back(std::to_string(pick.Below(40)));
@@ -417,14 +417,12 @@ TEST(SupersedePlain, RankingsOfLargeGroups) {
       records[i].identificationCode = std::to_string(i);
       records[i].Version = pick.Of(versions);
       group.push_back(std::to_string(i));
-      indices.push_back(i);
+      compared.push_back(ComparedVersion(records[i], LocaleFold()));
     }
     PlainCodes plain;
     for (const auto& copy : PlainRanking(records, group)) plain.push_back(copy.identificationCode);
     PlainCodes product;
-    for (const std::size_t index : RankVersions(ComparedVersions(records, indices, LocaleFold()))) {
-      product.push_back(std::to_string(index));
-    }
+    for (const std::size_t index : RankVersions(compared)) product.push_back(std::to_string(index));
     ASSERT_EQ(product, plain);
   }
 }

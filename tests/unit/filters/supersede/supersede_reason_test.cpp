@@ -113,11 +113,11 @@ CodeList LeftOut(const SupersedeReason& reason) {
   if (reason.isRefused) parts.emplace_back("refused");
   if (reason.isExcluded) parts.emplace_back("excluded");
   if (reason.hasNoProperties) parts.emplace_back("no properties");
-  const auto add = [&parts](const std::string& words, const Indices& numbers) {
+  const auto add = [&parts](const std::string& words, const auto& numbers) {
     for (const std::size_t number : numbers) parts.push_back(words + " " + std::to_string(number));
   };
-  if (reason.listCounted != noRecord) add("list of", {reason.listCounted});
-  add("marked", {reason.marked});
+  if (reason.listCounted != noRecord) add("list of", Indices{reason.listCounted});
+  add("marked", Indices{reason.marked});
   add("unknown", reason.unknownCodes);
   add("refused rival", reason.refusedRivals);
   add("excluded rival", reason.excludedRivals);

@@ -248,14 +248,11 @@ TEST(SupersedeRules, VersionsRankAsText) {
       {"and again", {"3", "2", "3", "1"}, {3, 1, 2, 0}},
   };
   for (const Case& one : cases) {
-    SupersedeRecords records;
-    std::vector<RecordIndex> group;
+    std::vector<std::string> compared;
     for (const std::string& version : one.versions) {
-      group.push_back(records.size());
-      records.push_back(Package("code", version));
+      compared.push_back(ComparedVersion(Package("code", version), LocaleFold()));
     }
-    EXPECT_EQ(RankVersions(ComparedVersions(records, group, LocaleFold())), one.ranking)
-        << one.name;
+    EXPECT_EQ(RankVersions(compared), one.ranking) << one.name;
   }
 }
 

@@ -161,13 +161,13 @@ class VersionChecks {
     const LocaleFold fold;
     const CodeIndex codes(records, fold);
     std::vector<RecordIndex> group;
+    std::vector<std::string> versions;
     for (RecordIndex i = 0; i < records.size(); ++i) {
       group.push_back(codes.FirstCaseInsensitiveMatch(i));
+      versions.push_back(ComparedVersion(records[group.back()], fold));
     }
     Indices ranking;
-    for (const std::size_t place : RankVersions(ComparedVersions(records, group, fold))) {
-      ranking.push_back(members[group[place]]);
-    }
+    for (const std::size_t place : RankVersions(versions)) ranking.push_back(members[group[place]]);
     return ranking;
   }
 

@@ -9,7 +9,6 @@
 #define VORNIK_QUERYPACKAGE_FILTERS_SUPERSEDE_CODE_INDEX_H
 
 #include <cstddef>
-#include <limits>
 #include <map>
 #include <string>
 #include <vector>
@@ -21,7 +20,7 @@ namespace Vornik {
 
 // The index of a record among the records of a query.
 using RecordIndex = std::size_t;
-inline constexpr RecordIndex noRecord = std::numeric_limits<RecordIndex>::max();
+inline constexpr RecordIndex noRecord = static_cast<RecordIndex>(-1);
 
 class CodeIndex {
  public:

@@ -1,7 +1,6 @@
 #include "supersede_reason.h"
 
 #include <algorithm>
-#include <set>
 
 #include "version_ranking.h"
 
@@ -22,13 +21,11 @@ std::vector<std::string> SharedDriverFiles(const RecordGroup& ranking,
 }
 
 void AddLists(RecordIndex record, const Supersedence& supersedence, SupersedeReason& reason) {
-  const RecordIndex code = supersedence.codes.FirstWithSameCode(record);
-  for (const AppliedList& list : supersedence.lists) {
+  for (const auto& [code, list] : supersedence.lists) {
     for (const ListedCode& listed : list.codes) {
       if (listed.record == record) reason.lists.push_back({list.owner, listed.position});
     }
     if (list.kept == record) reason.lists.push_back({list.owner, std::nullopt});
-    if (supersedence.codes.FirstWithSameCode(list.owner) == code) reason.listCounted = list.owner;
   }
 }
 
@@ -37,25 +34,26 @@ void AddRankings(RecordIndex record, const Supersedence& supersedence, const Sup
   for (const RecordGroup& ranking : supersedence.rankings) {
     const auto last = std::find(ranking.rbegin(), ranking.rend(), record);
     if (last == ranking.rend()) continue;
-    reason.rankings.push_back({ranking, static_cast<std::size_t>(ranking.rend() - last) - 1,
-                               ComparedVersions(input.records, ranking, input.fold),
-                               SharedDriverFiles(ranking, supersedence.byFile)});
+    RankingReason& added = reason.rankings.emplace_back();
+    added.records = ranking;
+    added.place = static_cast<std::size_t>(ranking.rend() - last) - 1;
+    for (const RecordIndex i : ranking) {
+      added.versions.push_back(ComparedVersion(input.records[i], input.fold));
+    }
+    added.driverFiles = SharedDriverFiles(ranking, supersedence.byFile);
   }
 }
 
 void AddRivals(RecordIndex record, const Supersedence& supersedence, const SupersedeInput& input,
                SupersedeReason& reason) {
-  std::set<RecordIndex> rivals;
   for (const std::size_t file : supersedence.byFile.files[record]) {
-    const auto& all = supersedence.byFile.records[file];
-    rivals.insert(all.begin(), all.end());
-  }
-  rivals.erase(record);
-  for (const RecordIndex i : rivals) {
-    if (!IsNotRefused(input.records[i])) {
-      reason.refusedRivals.push_back(i);
-    } else if (supersedence.isExcluded[i]) {
-      reason.excludedRivals.push_back(i);
+    for (const RecordIndex i : supersedence.byFile.records[file]) {
+      if (i == record) continue;
+      if (!IsNotRefused(input.records[i])) {
+        reason.refusedRivals.insert(i);
+      } else if (supersedence.excludedIds.Contains(input.records[i].identificationCode)) {
+        reason.excludedRivals.insert(i);
+      }
     }
   }
 }
@@ -64,15 +62,18 @@ void AddRivals(RecordIndex record, const Supersedence& supersedence, const Super
 
 SupersedeReason ReasonFor(RecordIndex record, const Supersedence& supersedence,
                           const SupersedeInput& input) {
-  SupersedeReason reason{};
+  const CodeIndex& codes = supersedence.codes;
+  const std::string& code = input.records[record].identificationCode;
+  SupersedeReason reason;
   reason.isRefused = !IsNotRefused(input.records[record]);
-  reason.isExcluded = supersedence.isExcluded[record];
+  reason.isExcluded = supersedence.excludedIds.Contains(code);
   reason.hasNoProperties = !reason.isRefused && !input.lists[record];
-  reason.marked = supersedence.codes.FirstCaseInsensitiveMatch(record);
+  reason.marked = codes.FirstCaseInsensitiveMatch(record);
+  const auto counted = supersedence.lists.find(code);
+  if (counted != supersedence.lists.end()) reason.listCounted = counted->second.owner;
   const CodeList list = input.lists[record].value_or(CodeList());
   for (std::size_t k = 0; k < list.size(); ++k) {
-    const RecordIndex found = supersedence.codes.FirstCaseInsensitiveMatch(list[k]);
-    if (found == noRecord) reason.unknownCodes.push_back(k);
+    if (codes.FirstCaseInsensitiveMatch(list[k]) == noRecord) reason.unknownCodes.push_back(k);
   }
   AddLists(record, supersedence, reason);
   AddRankings(record, supersedence, input, reason);

@@ -6,6 +6,8 @@
 #ifndef VORNIK_QUERYPACKAGE_FILTERS_SUPERSEDE_SUPERSEDE_REASON_H
 #define VORNIK_QUERYPACKAGE_FILTERS_SUPERSEDE_SUPERSEDE_REASON_H
 
+#include <set>
+
 #include "supersede.h"
 
 namespace Vornik {
@@ -28,14 +30,14 @@ struct SupersedeReason {
   std::vector<RankingReason> rankings;  // in the order in which they are applied
 
   // What was left out. A refused or excluded rival shares a driver file with the package.
-  bool isRefused;                           // by the platform filter: it has no list and no rank
-  bool isExcluded;                          // by its id: it has no rank
-  bool hasNoProperties;                     // and so no list
-  RecordIndex listCounted = noRecord;       // of the records with its code; noRecord: none
-  RecordIndex marked;                       // the record for its code, whatever the package's own
-  std::vector<std::size_t> unknownCodes;    // in its list; there is no record for them
-  std::vector<RecordIndex> refusedRivals;   // by the platform filter
-  std::vector<RecordIndex> excludedRivals;  // by their ids
+  bool isRefused = false;                 // by the platform filter: it has no list and no rank
+  bool isExcluded = false;                // by its id: it has no rank
+  bool hasNoProperties = false;           // and so no list
+  RecordIndex listCounted = noRecord;     // of the records with its code; noRecord: none
+  RecordIndex marked = noRecord;          // the record for its code, whatever the package's own
+  std::vector<std::size_t> unknownCodes;  // in its list; there is no record for them
+  std::set<RecordIndex> refusedRivals;    // by the platform filter
+  std::set<RecordIndex> excludedRivals;   // by their ids
 };
 
 SupersedeReason ReasonFor(RecordIndex record, const Supersedence& supersedence,

@@ -9,14 +9,13 @@
 #include <string>
 #include <vector>
 
-#include "code_index.h"
+#include "QueryPackage.h"
+#include "text/letter_case.h"
 
 namespace Vornik {
 
-// Versions as they are compared: folded, and each ended by its first zero byte as a C string is.
-std::vector<std::string> ComparedVersions(const std::vector<QueryPackageResult>& records,
-                                          const std::vector<RecordIndex>& group,
-                                          const LocaleFold& fold);
+// A version as it is compared: folded, and ended by its first zero byte as a C string is.
+std::string ComparedVersion(const QueryPackageResult& record, const LocaleFold& fold);
 
 // Takes versions as they are compared and returns their indices in the order that this leaves:
 //

@@ -116,15 +116,42 @@ TEST_F(FolderChangedTest, DescriptorThatIsGoneAfterTheQueryIsSaidToBeAChange) {
   EXPECT_EQ(explanation.packages[0].refusedBy, (std::vector<Cli::FilterId>{Cli::FilterId::Kovu}));
 }
 
-TEST_F(FolderChangedTest, SizeOrTimeOfAFileIsEnough) {
+TEST_F(FolderChangedTest, SizeOrTimeOfADescriptorIsEnough) {
+  WritePackage("a");
+  folder.Write("b.xml", "x");
+  const std::string path = folder.Path() + "/b.xml";
+  EXPECT_TRUE(ExplainAfter([this] { folder.Write("b.xml", "xy"); }).folderChanged);
+  const auto later = std::filesystem::last_write_time(path) + std::chrono::seconds(2);
+  EXPECT_TRUE(ExplainAfter([&] { std::filesystem::last_write_time(path, later); }).folderChanged);
+  EXPECT_FALSE(ExplainAfter([] {}).folderChanged);
+}
+
+TEST_F(FolderChangedTest, NameOrKindOfAnotherFileIsEnough) {
   WritePackage("a");
   folder.Write("notes.txt", "x");
   const std::string path = folder.Path() + "/notes.txt";
-  EXPECT_TRUE(ExplainAfter([this] { folder.Write("notes.txt", "xy"); }).folderChanged);
-  const auto later = std::filesystem::last_write_time(path) + std::chrono::seconds(2);
-  EXPECT_TRUE(ExplainAfter([&] { std::filesystem::last_write_time(path, later); }).folderChanged);
   EXPECT_TRUE(ExplainAfter([&] { std::filesystem::rename(path, path + "2"); }).folderChanged);
-  EXPECT_FALSE(ExplainAfter([] {}).folderChanged);
+  EXPECT_TRUE(ExplainAfter([&] {
+                std::filesystem::remove(path + "2");
+                std::filesystem::create_directory(path + "2");
+              }).folderChanged);
+}
+
+TEST_F(FolderChangedTest, OtherFileThatGrowsIsNoChange) {
+  WritePackage("a");
+  folder.Write("notes.txt", "x");
+  EXPECT_FALSE(ExplainAfter([this] { folder.Write("notes.txt", "xy"); }).folderChanged);
+}
+
+TEST_F(FolderChangedTest, LogInTheFolderIsNoChange) {
+  WritePackage("a");
+  Arguments arguments = QueryArguments(
+      {"--package", "a", "--format", "json", "--log-level", "3", "--log-file", PathOf("log.txt")});
+  arguments.front() = "explain";
+  const Outcome outcome = RunCli(arguments);
+  ASSERT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(Json::parse(outcome.out)["folderChanged"], false);
+  EXPECT_GT(std::filesystem::file_size(PathOf("log.txt")), 0U);
 }
 
 }  // namespace

@@ -52,10 +52,14 @@ std::vector<FolderEntry> ListEntries(const std::string& folder) {
   std::error_code failed;
   std::filesystem::directory_iterator entry(fs::path(folder).native(), failed);
   while (!failed && entry != std::filesystem::directory_iterator()) {
-    // Of what is gone by now, size and time are those that stand for an error.
+    // What is gone by now has the size and the time of an error.
     std::error_code gone;
-    entries.push_back(
-        {entry->path().filename(), entry->file_size(gone), entry->last_write_time(gone)});
+    FolderEntry listed{entry->path().filename(), entry->is_regular_file(gone), 0, {}};
+    if (HasDescriptorExtension(listed.name.native())) {
+      listed.size = entry->file_size(gone);
+      listed.time = entry->last_write_time(gone);
+    }
+    entries.push_back(std::move(listed));
     entry.increment(failed);
   }
   return entries;

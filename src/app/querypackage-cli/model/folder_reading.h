@@ -29,14 +29,16 @@ struct FolderListing {
 // Throws std::bad_alloc only.
 FolderListing ListDescriptors(const std::string& folder);
 
-// An entry of a folder, by which a change of the folder is found.
+// An entry of a folder, by which a change of the folder is found. Size and time are those of a
+// descriptor: a query does not read other files, and the program's own output may go to one.
 struct FolderEntry {
   std::filesystem::path name;
+  bool isFile = false;
   std::uintmax_t size = 0;
   std::filesystem::file_time_type time;
 
   bool operator==(const FolderEntry& other) const {
-    return name == other.name && size == other.size && time == other.time;
+    return name == other.name && isFile == other.isFile && size == other.size && time == other.time;
   }
 };
 

@@ -29,7 +29,8 @@ void OmitOtherReason(const QueryPackageResult& record, FilterExplanation& explan
   explanation.file.clear();
   explanation.properties.clear();
   explanation.details.clear();
-  Say(explanation, "folderChanged",
+  SetReason(
+      explanation, "folderChanged",
       "The folder changed after the query: its descriptors as they are now give another verdict.");
 }
 
@@ -49,8 +50,8 @@ std::vector<FilterExplanation> ExplainGone(const QueryPackageResult& record,
     explanation.status = filter.slot == nullptr ? FilterStatus::Matched : record.*filter.slot;
     explanation.runs = Runs(filter.id, settings);
     if (explanation.runs) {
-      Say(explanation, "folderChanged",
-          "The folder changed after the query: no record is built from it any more.");
+      SetReason(explanation, "folderChanged",
+                "The folder changed after the query: no record is built from it any more.");
     } else {
       ExplainOff(explanation);
     }

@@ -90,12 +90,14 @@ FilterExplanation ExplainIds(FilterId filter, const PackageContext& package,
   const std::string& code = package.Record().identificationCode;
   const std::string* id = FindId(ids, code);
   if (id == nullptr) {
-    Say(explanation, "notListed",
+    SetReason(
+        explanation, "notListed",
         fmt::format("The {} list does not hold the code; it holds {}.", list, QuotedList(ids)));
   } else if (*id == code) {
-    Say(explanation, "listed", fmt::format("The {} list holds the code.", list));
+    SetReason(explanation, "listed", fmt::format("The {} list holds the code.", list));
   } else {
-    Say(explanation, "listed",
+    SetReason(
+        explanation, "listed",
         fmt::format("The {} list holds {}, which is the code in another case.", list, Quoted(*id)));
   }
   return explanation;
@@ -112,19 +114,20 @@ FilterExplanation BeginExplanation(FilterId filter, const PackageContext& packag
   return explanation;
 }
 
-FilterExplanation& Say(FilterExplanation& explanation, const char* reason, std::string text) {
+FilterExplanation& SetReason(FilterExplanation& explanation, const char* reason, std::string text) {
   explanation.reason = reason;
   explanation.text = std::move(text);
   return explanation;
 }
 
 FilterExplanation& ExplainOff(FilterExplanation& explanation) {
-  return Say(explanation, "off", FilterOf(explanation.filter).setting.value().offBecause);
+  return SetReason(explanation, "off", FilterOf(explanation.filter).setting.value().offBecause);
 }
 
 FilterExplanation& ExplainNoProperties(FilterExplanation& explanation) {
-  return Say(explanation, "noProperties",
-             "The package has no \"identificationCode\", by which its properties are looked up.");
+  return SetReason(
+      explanation, "noProperties",
+      "The package has no \"identificationCode\", by which its properties are looked up.");
 }
 
 void AddReading(FilterExplanation& explanation, const PackageContext& package,
@@ -146,9 +149,9 @@ FilterExplanation ExplainDuplicate(const PackageContext& package) {
                                               PlaceOf(repeat), VersionOf(repeat)));
   }
   if (dropped.empty()) {
-    return Say(explanation, "only", "No other descriptor of the query has this code.");
+    return SetReason(explanation, "only", "No other descriptor of the query has this code.");
   }
-  return Say(
+  return SetReason(
       explanation, "first",
       fmt::format("{} stands first and stayed; {} dropped.", PlaceOf(kept),
                   Count(dropped.size(), "repeat") + (dropped.size() == 1 ? " was" : " were")));
@@ -169,19 +172,20 @@ FilterExplanation ExplainKovu(const PackageContext& package) {
   if (!explanation.runs) return ExplainOff(explanation);
   const QueryPackageResult& record = package.Record();
   if (record.kovuXmlFile.empty()) {
-    Say(explanation, "notInChosenPack",
-        "It was found as an individual descriptor only, not in a pack that is in use.");
+    SetReason(explanation, "notInChosenPack",
+              "It was found as an individual descriptor only, not in a pack that is in use.");
     AddPacksOf(explanation, package);
     if (explanation.details.empty()) explanation.details.emplace_back("No pack lists it.");
     return explanation;
   }
   explanation.file = record.kovuXmlFile;
   if (record.kovuName.empty()) {
-    return Say(explanation, "packWithoutName",
-               "The file name of its pack is an extension alone, so that the pack has no name.");
+    return SetReason(
+        explanation, "packWithoutName",
+        "The file name of its pack is an extension alone, so that the pack has no name.");
   }
-  return Say(explanation, "inChosenPack",
-             fmt::format("It comes from {}, the pack in use.", record.kovuXmlFile));
+  return SetReason(explanation, "inChosenPack",
+                   fmt::format("It comes from {}, the pack in use.", record.kovuXmlFile));
 }
 
 FilterExplanation ExplainSep(const PackageContext& package) {
@@ -191,9 +195,9 @@ FilterExplanation ExplainSep(const PackageContext& package) {
   explanation.properties.push_back({PropertyName::identificationCode, {code}});
   for (const char* id : {SepId::tsep, SepId::sep}) {
     if (code.find(id) == std::string::npos) continue;
-    return Say(explanation, "sepCode", fmt::format("The code holds \"{}\".", id));
+    return SetReason(explanation, "sepCode", fmt::format("The code holds \"{}\".", id));
   }
-  return Say(explanation, "noSepCode", "The code holds none of the Sep ids.");
+  return SetReason(explanation, "noSepCode", "The code holds none of the Sep ids.");
 }
 
 FilterExplanation ExplainPayload(const PackageContext& package) {
@@ -209,17 +213,17 @@ FilterExplanation ExplainPayload(const PackageContext& package) {
   };
   switch (package.model.PayloadOf(package.source)) {
     case PayloadVerdict::NoXmlFilename:
-      return Say(explanation, "noXmlFilename", "\"xmlFilename\" is missing or empty.");
+      return SetReason(explanation, "noXmlFilename", "\"xmlFilename\" is missing or empty.");
     case PayloadVerdict::NoPayload:
-      return Say(explanation, "noPayload", "\"payload\" is missing or empty.");
+      return SetReason(explanation, "noPayload", "\"payload\" is missing or empty.");
     case PayloadVerdict::DescriptorMissing:
-      return Say(explanation, "descriptorMissing", missing(PropertyName::xmlFilename));
+      return SetReason(explanation, "descriptorMissing", missing(PropertyName::xmlFilename));
     case PayloadVerdict::PayloadMissing:
-      return Say(explanation, "payloadMissing", missing(PropertyName::payload));
+      return SetReason(explanation, "payloadMissing", missing(PropertyName::payload));
     case PayloadVerdict::Found:
       break;
   }
-  return Say(explanation, "found", "Both files are in the folder.");
+  return SetReason(explanation, "found", "Both files are in the folder.");
 }
 
 FilterExplanation ExplainInclude(const PackageContext& package) {
@@ -240,17 +244,17 @@ FilterExplanation ExplainUpdateType(const PackageContext& package) {
   const std::string asked = UpdateTypeList(package.settings.updateTypes);
   switch (EvaluateUpdateType(properties, package.settings.updateTypes)) {
     case UpdateTypeVerdict::NoType:
-      return Say(explanation, "noType", "\"type\" is missing or empty.");
+      return SetReason(explanation, "noType", "\"type\" is missing or empty.");
     case UpdateTypeVerdict::Matched:
-      return Say(explanation, "requested",
-                 fmt::format("\"type\" \"{}\" reads as {} and meets the request for {}.", text,
-                             ParseDecimal(text), asked));
+      return SetReason(explanation, "requested",
+                       fmt::format("\"type\" \"{}\" reads as {} and meets the request for {}.",
+                                   text, ParseDecimal(text), asked));
     case UpdateTypeVerdict::NotMatched:
       break;
   }
-  return Say(explanation, "notRequested",
-             fmt::format("\"type\" \"{}\" reads as {}; asked for is {}.", text, ParseDecimal(text),
-                         asked));
+  return SetReason(explanation, "notRequested",
+                   fmt::format("\"type\" \"{}\" reads as {}; asked for is {}.", text,
+                               ParseDecimal(text), asked));
 }
 
 }  // namespace Vornik::Cli

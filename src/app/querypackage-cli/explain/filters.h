@@ -40,7 +40,7 @@ std::vector<Repeat> RepeatsOf(const PackageContext& package);
 // An explanation with the verdict in the record, and without a reason.
 FilterExplanation BeginExplanation(FilterId filter, const PackageContext& package);
 
-FilterExplanation& Say(FilterExplanation& explanation, const char* reason, std::string text);
+FilterExplanation& SetReason(FilterExplanation& explanation, const char* reason, std::string text);
 
 // Says that the filter does not run.
 FilterExplanation& ExplainOff(FilterExplanation& explanation);

@@ -67,20 +67,20 @@ void AddMisfits(FilterExplanation& explanation, const EvaluatedLists& lists,
   }
 }
 
-FilterExplanation& SayMissing(FilterExplanation& explanation, const char* reason,
+FilterExplanation& SetMissing(FilterExplanation& explanation, const char* reason,
                               const char* property) {
-  return Say(explanation, reason,
-             fmt::format("\"{}\" is missing or empty, so there is no verdict.", property));
+  return SetReason(explanation, reason,
+                   fmt::format("\"{}\" is missing or empty, so there is no verdict.", property));
 }
 
-void SayNotMatched(FilterExplanation& explanation, const EvaluatedLists& lists,
+void SetNotMatched(FilterExplanation& explanation, const EvaluatedLists& lists,
                    const QuerySettings& settings) {
   const bool known = std::any_of(lists.fits.begin(), lists.fits.end(),
                                  [](const PlatformFit& fit) { return fit.machineType; });
-  Say(explanation, "noEntryMatches",
-      known ? "Positions of its lists have the machine type, but none fits the machine."
-            : fmt::format("None of the positions that count ({}) has the machine type {}.",
-                          lists.fits.size(), settings.machineType));
+  SetReason(explanation, "noEntryMatches",
+            known ? "Positions of its lists have the machine type, but none fits the machine."
+                  : fmt::format("None of the positions that count ({}) has the machine type {}.",
+                                lists.fits.size(), settings.machineType));
   AddMisfits(explanation, lists, settings);
 }
 
@@ -100,18 +100,18 @@ FilterExplanation ExplainPlatform(const PackageContext& package) {
       EvaluatePlatform(properties, settings.osValue, settings.arcValue, settings.machineType);
   switch (result.verdict) {
     case PlatformVerdict::Matched:
-      return Say(explanation, "entryMatches",
-                 fmt::format("Position {} of its lists fits the machine: {}.", result.entry + 1,
-                             PositionText(lists, result.entry)));
+      return SetReason(explanation, "entryMatches",
+                       fmt::format("Position {} of its lists fits the machine: {}.",
+                                   result.entry + 1, PositionText(lists, result.entry)));
     case PlatformVerdict::NotMatched:
-      SayNotMatched(explanation, lists, settings);
+      SetNotMatched(explanation, lists, settings);
       break;
     case PlatformVerdict::NoMachineTypes:
-      return SayMissing(explanation, "noMachineTypes", PropertyName::orderedMachineTypeList);
+      return SetMissing(explanation, "noMachineTypes", PropertyName::orderedMachineTypeList);
     case PlatformVerdict::NoOperatingSystems:
-      return SayMissing(explanation, "noOperatingSystems", PropertyName::orderedOSList);
+      return SetMissing(explanation, "noOperatingSystems", PropertyName::orderedOSList);
     case PlatformVerdict::NoArchitectures:
-      return SayMissing(explanation, "noArchitectures", PropertyName::orderedOSArchitectureList);
+      return SetMissing(explanation, "noArchitectures", PropertyName::orderedOSArchitectureList);
   }
   return explanation;
 }

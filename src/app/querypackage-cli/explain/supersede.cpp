@@ -221,16 +221,17 @@ void SetVerdict(FilterExplanation& explanation, const PackageContext& package,
                 const SupersedeReason& reason, const SupersedeChain& chain) {
   const bool kept = explanation.status == FilterStatus::Matched;
   if (!reason.rankings.empty()) {
-    Say(explanation, kept ? "highestOfGroup" : "replacedInGroup", RankText(chain.groups.back()));
+    SetReason(explanation, kept ? "highestOfGroup" : "replacedInGroup",
+              RankText(chain.groups.back()));
   } else if (reason.lists.empty()) {
-    Say(explanation, "notReplaced", "No package of the query replaces it.");
+    SetReason(explanation, "notReplaced", "No package of the query replaces it.");
   } else if (kept) {
     const std::string& keeper = ReasonTexts(package, reason).KeeperCode();
-    Say(explanation, "keptByList", KeptText(package, keeper, chain));
+    SetReason(explanation, "keptByList", KeptText(package, keeper, chain));
   } else {
     const ListedBy& by = chain.listedBy.back();
-    Say(explanation, "replacedByList",
-        fmt::format("{} replaces it by its \"supersede\" list.", CodeText(by.code)));
+    SetReason(explanation, "replacedByList",
+              fmt::format("{} replaces it by its \"supersede\" list.", CodeText(by.code)));
   }
 }
 

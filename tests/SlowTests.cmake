@@ -25,8 +25,15 @@ set(querypackage_slow_tests
   scenarios=120
   unit_tests.shuffled=1200)
 
-# The cases of test programs, which ctest finds when it starts, are all fast. Other tests get
-# their limit and label at the end of the directory that adds them.
+# The cases of test programs that take longer than that, and the limit of each.
+set(querypackage_slow_cases
+  CimXmlLoadFile.GivesWhatTinyXmlGives
+  LargeFileTest.*
+  VersionRanking.LeavesTheOrderOfTheExchangeSort)
+math(EXPR querypackage_slow_case_timeout "600 * ${factor}")
+
+# The cases are found when ctest starts. Other tests get their limit and label at the end of the
+# directory that adds them.
 function(querypackage_limit_tests)
   get_property(tests DIRECTORY PROPERTY TESTS)
   foreach(test IN LISTS tests)

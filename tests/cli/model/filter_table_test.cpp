@@ -50,6 +50,21 @@ TEST(FilterTableTest, RowsAreInTheOrderOfTheirIds) {
   }
 }
 
+TEST(FilterTableTest, EveryRowSaysWhatEvaluatesAndExplainsTheFilter) {
+  for (const Filter& filter : Cli::Filters()) {
+    SCOPED_TRACE(filter.name);
+    EXPECT_STRNE(filter.name, "");
+    EXPECT_STRNE(filter.rule, "");
+    EXPECT_NE(filter.explain, nullptr);
+    const bool looksAtOthers =
+        filter.id == Cli::FilterId::Duplicate || filter.id == Cli::FilterId::Supersede;
+    EXPECT_EQ(filter.evaluate == nullptr, looksAtOthers);
+    const bool isIndependent =
+        filter.setting && filter.setting->dependence == Cli::Dependence::Independent;
+    EXPECT_TRUE(!isIndependent || filter.evaluate != nullptr);
+  }
+}
+
 TEST(FilterTableTest, EverySlotOfARecordHasOneRow) {
   std::vector<std::string> names;
   QueryPackageResult record;

@@ -16,19 +16,19 @@ namespace Vornik::Cli {
 
 namespace {
 
-constexpr std::size_t mostLogBytes = std::size_t{100} << 20;
+constexpr std::size_t maxLogBytes = std::size_t{100} << 20;
 
 // Decimal digits only, with a minus sign where Number has one: a leading zero is no octal number.
 template <typename Number>
 Number ParseNumber(const std::string& option, const std::string& text,
-                   Number least = std::numeric_limits<Number>::min(),
-                   Number most = std::numeric_limits<Number>::max()) {
+                   Number min = std::numeric_limits<Number>::min(),
+                   Number max = std::numeric_limits<Number>::max()) {
   Number number{};
   const char* const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || stop != end || number < least || number > most) {
+  if (error != std::errc() || stop != end || number < min || number > max) {
     throw CLI::ValidationError(
-        option, fmt::format("\"{}\" is not a whole number from {} to {}", text, least, most));
+        option, fmt::format("\"{}\" is not a whole number from {} to {}", text, min, max));
   }
   return number;
 }
@@ -162,7 +162,7 @@ bool ApplyLogOptions(const LogOptions& log, std::string& reason) {
   if (!log.toFile) return true;
   LogFile file;
   file.path = log.file;
-  file.maxBytes = mostLogBytes;
+  file.maxBytes = maxLogBytes;
   return LogToFile(file, &reason);
 }
 

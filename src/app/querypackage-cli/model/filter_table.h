@@ -60,17 +60,17 @@ struct FilterLines {
 };
 
 struct Filter {
-  FilterId id;
-  const char* name;                         // for programs and people
-  const char* slotName;                     // empty: the duplicate filter has no slot
-  std::uint32_t QueryPackageResult::*slot;  // null: the duplicate filter
-  const char* column;                       // heading of its slot in a table
-  const StageText& stage;                   // its first and last line in the log
+  FilterId id = FilterId::Duplicate;
+  const char* name = "";                              // for programs and people
+  const char* slotName = "";                          // empty: the duplicate filter has no slot
+  std::uint32_t QueryPackageResult::*slot = nullptr;  // null: the duplicate filter
+  const char* column = "";                            // heading of its slot in a table
+  const StageText& stage;                             // its first and last line in the log
   FilterLines lines;
-  const char* rule;  // one sentence
+  const char* rule = "";  // one sentence
   // The slot's value where the filter runs; null: it depends on the other packages.
-  std::uint32_t (*evaluate)(const FilterInput& input);
-  FilterExplanation (*explain)(const PackageContext& package);
+  std::uint32_t (*evaluate)(const FilterInput& input) = nullptr;
+  FilterExplanation (*explain)(const PackageContext& package) = nullptr;
   std::optional<FilterSetting> setting = std::nullopt;  // none: it always runs
   // Without it there is no verdict; null: needs none, or several.
   const char* neededProperty = nullptr;

@@ -9,7 +9,7 @@ namespace Vornik::Cli {
 namespace {
 
 // Wider texts do not widen their column.
-constexpr std::size_t widestColumn = 64;
+constexpr std::size_t maxColumnWidth = 64;
 
 std::string Blanks(const std::string& text, std::size_t width) {
   const std::size_t length = CharacterCount(text);
@@ -21,7 +21,7 @@ std::vector<std::size_t> ColumnWidths(const std::vector<Row>& rows) {
   for (const Row& row : rows) {
     for (std::size_t i = 0; i < row.size(); ++i) {
       const std::size_t width = CharacterCount(row[i].text);
-      if (width <= widestColumn) widths[i] = std::max(widths[i], width);
+      if (width <= maxColumnWidth) widths[i] = std::max(widths[i], width);
     }
   }
   return widths;

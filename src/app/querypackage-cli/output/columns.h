@@ -11,7 +11,7 @@
 namespace Vornik::Cli {
 
 struct Cell {
-  std::string text;  // that Printable made, or that needs no escaping
+  std::string text;  // from Printable, or without anything to escape
   Paint paint = Paint::None;
 };
 

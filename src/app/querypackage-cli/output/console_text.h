@@ -1,5 +1,5 @@
-// Texts of descriptors and paths, made fit for a terminal: no byte of them can move the cursor,
-// change a colour, break a line or turn the writing direction.
+// Escapes texts of descriptors and paths for a terminal: no byte of them can move the cursor,
+// change a colour, break a line or reverse the writing direction.
 #ifndef VORNIK_CLI_OUTPUT_CONSOLE_TEXT_H
 #define VORNIK_CLI_OUTPUT_CONSOLE_TEXT_H
 
@@ -9,7 +9,7 @@
 
 namespace Vornik::Cli {
 
-// UTF-8 stays as it is. Control characters, characters that turn the writing direction and bytes
+// UTF-8 stays as it is. Control characters, characters that reverse the writing direction and bytes
 // that are not UTF-8 become \xNN, byte by byte.
 //
 //   "a\nb"         =>  "a\\x0Ab"
@@ -18,10 +18,10 @@ namespace Vornik::Cli {
 //   "\xC2\x9B"     =>  "\\xC2\\x9B"
 std::string Printable(std::string_view text);
 
-// Whether the text is valid UTF-8 throughout.
+// Whether the whole text is valid UTF-8.
 bool IsUtf8(std::string_view text);
 
-// Number of characters in a text that Printable made.
+// Number of characters in a text that Printable returned.
 std::size_t CharacterCount(std::string_view printable);
 
 }  // namespace Vornik::Cli

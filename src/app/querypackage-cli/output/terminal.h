@@ -4,9 +4,8 @@
 
 namespace Vornik::Cli {
 
-// Whether standard output is a terminal that shows colours, and the user has not declined them with
-// a NO_COLOR variable of any value but the empty one. On Windows this also makes the console read
-// the colour sequences.
+// Whether standard output is a terminal that shows colours, and NO_COLOR is not set to a non-empty
+// text. On Windows this also makes the console interpret the colour sequences.
 bool WantsColour();
 
 }  // namespace Vornik::Cli

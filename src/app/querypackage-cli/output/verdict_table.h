@@ -1,4 +1,4 @@
-// The verdicts of a query as a table for a person: one line a package, in the order of the records.
+// The verdicts of a query as a table: one line per package, in the order of the records.
 #ifndef VORNIK_CLI_OUTPUT_VERDICT_TABLE_H
 #define VORNIK_CLI_OUTPUT_VERDICT_TABLE_H
 
@@ -9,8 +9,7 @@
 
 namespace Vornik::Cli {
 
-// Heading, lines and a closing line with the counts. Texts of descriptors go through Printable; a
-// very long one is printed whole and moves the columns of its own line only.
+// Heading, lines and a closing line with the counts. Texts of descriptors go through Printable.
 std::string VerdictTable(const std::vector<QueryPackageResult>& records, bool colour);
 
 }  // namespace Vornik::Cli

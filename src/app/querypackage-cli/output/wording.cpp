@@ -12,14 +12,14 @@ namespace Vornik::Cli {
 
 namespace {
 
-constexpr std::size_t mostListed = 12;
-constexpr std::size_t mostQuoted = 80;  // bytes
+constexpr std::size_t maxListed = 12;
+constexpr std::size_t maxQuotedBytes = 80;
 
 template <typename Quote>
 std::string ListOf(const std::vector<std::string>& texts, Quote quote) {
   if (texts.empty()) return "nothing";
   std::string list;
-  const std::size_t shown = std::min(texts.size(), mostListed);
+  const std::size_t shown = std::min(texts.size(), maxListed);
   for (std::size_t i = 0; i < shown; ++i) {
     if (i != 0) list += ", ";
     list += quote(texts[i]);
@@ -33,9 +33,9 @@ std::string ListOf(const std::vector<std::string>& texts, Quote quote) {
 std::string Quoted(const std::string& text) { return '"' + text + '"'; }
 
 std::string QuotedBriefly(const std::string& text) {
-  if (text.size() <= mostQuoted) return Quoted(text);
-  std::size_t end = mostQuoted;
-  while (end > mostQuoted - 3 && IsUtf8Continuation(text[end])) --end;
+  if (text.size() <= maxQuotedBytes) return Quoted(text);
+  std::size_t end = maxQuotedBytes;
+  while (end > maxQuotedBytes - 3 && IsUtf8Continuation(text[end])) --end;
   return Quoted(text.substr(0, end) + "...");
 }
 

@@ -14,7 +14,7 @@ file(GLOB_RECURSE sources RELATIVE "${library}" "${library}/*.cpp" "${library}/*
 set(mayLog querypackageimp.cpp log_statement.h)
 set(mayIncludeTinyXml reading/cimxml.h)
 set(mayKnowTinyXml reading/cimxml.cpp reading/descriptor_reading.cpp)
-set(mayKnowFiles querypackageimp.cpp model/query_parameters.cpp text/paths.cpp
+set(mayKnowFiles querypackageimp.cpp text/paths.cpp
     reading/descriptor_files.cpp reading/descriptor_files.h reading/descriptor_reading.h)
 
 function(require_only file text pattern allowed what)

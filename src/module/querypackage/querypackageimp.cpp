@@ -78,8 +78,9 @@ int QueryPackageImp::RunQuery(Results& results) {
 }
 
 bool QueryPackageImp::CheckParameterValidity() {
-  const ParameterCheck check = CheckParameters(
-      {xmlPackageFolder, machineType, osValue, arcValue, includePackageIds, excludePackageIds});
+  const ParameterCheck check =
+      CheckParameters({xmlPackageFolder, IsDirectory(xmlPackageFolder), machineType, osValue,
+                       arcValue, includePackageIds, excludePackageIds});
   switch (check.fault) {
     case ParameterFault::None:
       return true;

@@ -8,6 +8,7 @@
 
 #include "inspection/descriptor_inspection.h"
 #include "model/query_parameters.h"
+#include "reading/descriptor_files.h"
 #include "records/pack_members.h"
 #include "text/paths.h"
 
@@ -93,8 +94,8 @@ FolderReading ReadFolderOf(const QuerySettings& settings) {
 
 bool HasValidParameters(const QuerySettings& settings) {
   try {
-    return CheckParameters({settings.folder, settings.machineType, settings.osValue,
-                            settings.arcValue, settings.includePackageIds,
+    return CheckParameters({settings.folder, IsDirectory(settings.folder), settings.machineType,
+                            settings.osValue, settings.arcValue, settings.includePackageIds,
                             settings.excludePackageIds})
                .fault == ParameterFault::None;
   } catch (const fs::filesystem_error&) {

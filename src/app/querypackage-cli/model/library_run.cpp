@@ -7,6 +7,7 @@
 
 #include "model/filter_table.h"
 #include "model/query_parameters.h"
+#include "reading/descriptor_files.h"
 
 namespace Vornik::Cli {
 
@@ -26,9 +27,9 @@ class StandardOutputTo {
 };
 
 std::string ParameterAdvice(const QuerySettings& settings) {
-  const ParameterCheck check =
-      CheckParameters({settings.folder, settings.machineType, settings.osValue, settings.arcValue,
-                       settings.includePackageIds, settings.excludePackageIds});
+  const ParameterCheck check = CheckParameters(
+      {settings.folder, IsDirectory(settings.folder), settings.machineType, settings.osValue,
+       settings.arcValue, settings.includePackageIds, settings.excludePackageIds});
   switch (check.fault) {
     case ParameterFault::FolderNotSet:
     case ParameterFault::FolderNotValid:

@@ -1,7 +1,6 @@
 #include "query_parameters.h"
 
 #include <algorithm>
-#include <boost/filesystem/operations.hpp>
 #include <locale>
 #include <string_view>
 #include <unordered_set>
@@ -9,11 +8,6 @@
 namespace Vornik {
 
 namespace {
-
-bool IsDirectory(const std::string& folder) {
-  return boost::filesystem::status(boost::filesystem::path(folder)).type() ==
-         boost::filesystem::directory_file;
-}
 
 ParameterCheck CheckIdLists(const std::vector<std::string>& included,
                             const std::vector<std::string>& excluded) {
@@ -37,7 +31,7 @@ bool IsMachineType(const std::string& text) {
 
 ParameterCheck CheckParameters(const QueryParameters& parameters) {
   if (parameters.folder.empty()) return {ParameterFault::FolderNotSet, {}};
-  if (!IsDirectory(parameters.folder)) return {ParameterFault::FolderNotValid, {}};
+  if (!parameters.isDirectory) return {ParameterFault::FolderNotValid, {}};
   if (parameters.machineType.empty()) return {ParameterFault::MachineTypeNotSet, {}};
   if (!IsMachineType(parameters.machineType)) return {ParameterFault::MachineTypeInvalid, {}};
   if (parameters.osValue == OsValue::NotSet) return {ParameterFault::OsNotSet, {}};

@@ -1,4 +1,7 @@
 // What a query's settings must be before anything is read.
+//
+//   folder "/pkgs", a directory, machine 12a4/10/9  =>  MachineTypeInvalid
+//   {"A", "B"} included, {"B", "b"} excluded        =>  IdInBothLists, "B"
 #ifndef VORNIK_QUERYPACKAGE_MODEL_QUERY_PARAMETERS_H
 #define VORNIK_QUERYPACKAGE_MODEL_QUERY_PARAMETERS_H
 
@@ -11,6 +14,7 @@ namespace Vornik {
 
 struct QueryParameters {
   const std::string& folder;
+  bool isDirectory;  // what the folder names; of no account where it is not set
   const std::string& machineType;
   OsValue osValue;
   ArcValue arcValue;
@@ -35,7 +39,6 @@ struct ParameterCheck {
   std::string id;  // IdInBothLists: the first include id that is also excluded
 };
 
-// Throws what the file-system library throws if it cannot determine the folder's type.
 ParameterCheck CheckParameters(const QueryParameters& parameters);
 
 // Four characters that the ctype facet of the global locale, as it is now, calls digits.

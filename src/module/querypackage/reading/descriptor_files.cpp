@@ -219,6 +219,10 @@ FileReading OpenAndRead(const std::string& path, TextMode mode) {
 
 }  // namespace
 
+bool IsDirectory(const std::string& path) {
+  return fs::status(fs::path(path)).type() == fs::directory_file;
+}
+
 bool IsRegularFile(const std::string& path) {
   try {
     boost::system::error_code error;

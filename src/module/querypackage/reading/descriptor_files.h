@@ -36,6 +36,10 @@ struct FileReading {
   std::optional<std::string> bytes;
 };
 
+// Whether path names a directory, through links. Throws what the file-system library throws if that
+// cannot be determined.
+bool IsDirectory(const std::string& path);
+
 // Whether path names a regular file, through links. Any error, a loop of links included, is a no.
 bool IsRegularFile(const std::string& path);
 

@@ -11,46 +11,7 @@ struct PathCase {
   const char* path;
 };
 
-#ifdef _WIN32
-
-TEST(PackagePaths, MemberPath) {
-  for (const PathCase& c :
-       {PathCase{"C:\\pkgs\\P.xml", "m1.xml", "C:\\pkgs\\m1.xml"},
-        PathCase{"C:\\pkgs\\P.xml", "P.xml", "C:\\pkgs\\P.xml"},
-        PathCase{"C:\\pkgs\\P.xml", "sub/m3.xml", "C:\\pkgs\\sub\\m3.xml"},
-        PathCase{"C:\\pkgs\\P.xml", "", "C:\\pkgs\\"},
-        PathCase{"C:\\pkgs\\P.xml", "..\\m.xml", "C:\\pkgs\\..\\m.xml"},
-        PathCase{"C:/pkgs/P.xml", "m.xml", "C:\\pkgs\\m.xml"},
-        PathCase{"C:\\P.xml", "m.xml", "C:\\\\m.xml"},
-        PathCase{"\\\\server\\share\\P.xml", "m.xml", "\\\\server\\share\\m.xml"},
-        PathCase{"P.xml", "m.xml", "\\m.xml"}}) {
-    EXPECT_EQ(MemberPath(c.folderOrPack, c.name), c.path);
-  }
-}
-
-TEST(PackagePaths, PathInFolder) {
-  for (const PathCase& c :
-       {PathCase{"C:\\pkgs", "p.exe", "C:\\pkgs\\p.exe"},
-        PathCase{"C:\\pkgs\\", "p.exe", "C:\\pkgs\\\\p.exe"},
-        PathCase{"C:/pkgs/", "p.exe", "C:\\pkgs\\\\p.exe"},
-        PathCase{"C:\\", "p.exe", "C:\\\\p.exe"},
-        PathCase{"C:\\pkgs", "sub\\p.exe", "C:\\pkgs\\sub\\p.exe"},
-        PathCase{"C:/pkgs", "sub/p.exe", "C:\\pkgs\\sub\\p.exe"}, PathCase{".", "p", ".\\p"}}) {
-    EXPECT_EQ(PathInFolder(c.folderOrPack, c.name), c.path);
-  }
-}
-
-TEST(PackagePaths, BackslashAndDriveEndAFolder) {
-  EXPECT_EQ(FileStem("C:\\pkgs\\pack_a.xml"), "pack_a");
-  EXPECT_EQ(FileStem("C:pack_a.xml"), "pack_a");
-  EXPECT_TRUE(IsSelfInstance("C:\\pkgs\\P.xml", "P.xml"));
-  EXPECT_TRUE(IsSelfInstance("C:P.xml", "P.xml"));
-  EXPECT_FALSE(IsSelfInstance("C:\\pkgs\\P.xml", "p.xml"));
-}
-
-#else
-
-TEST(PackagePaths, MemberPath) {
+TEST(PackagePaths, MemberPathWithSlashes) {
   for (const PathCase& c :
        {PathCase{"/pkgs/P.xml", "m1.xml", "/pkgs/m1.xml"},
         PathCase{"/pkgs/P.xml", "sub/m3.xml", "/pkgs/sub/m3.xml"},
@@ -58,16 +19,65 @@ TEST(PackagePaths, MemberPath) {
         PathCase{"/pkgs/P.xml", "../m.xml", "/pkgs/../m.xml"},
         PathCase{"/pkgs/P.xml", "a\\b.xml", "/pkgs/a\\b.xml"}, PathCase{"P.xml", "m.xml", "/m.xml"},
         PathCase{"/P.xml", "m.xml", "//m.xml"}}) {
-    EXPECT_EQ(MemberPath(c.folderOrPack, c.name), c.path);
+    EXPECT_EQ(MemberPath(c.folderOrPack, c.name, '/'), c.path);
   }
 }
 
-TEST(PackagePaths, PathInFolder) {
+TEST(PackagePaths, MemberPathWithBackslashes) {
+  for (const PathCase& c :
+       {PathCase{"C:/pkgs/P.xml", "m1.xml", "C:\\pkgs\\m1.xml"},
+        PathCase{"C:/pkgs/P.xml", "P.xml", "C:\\pkgs\\P.xml"},
+        PathCase{"C:/pkgs/P.xml", "sub/m3.xml", "C:\\pkgs\\sub\\m3.xml"},
+        PathCase{"C:/pkgs/P.xml", "", "C:\\pkgs\\"},
+        PathCase{"C:/pkgs/P.xml", "..\\m.xml", "C:\\pkgs\\..\\m.xml"},
+        PathCase{"//server/share/P.xml", "m.xml", "\\\\server\\share\\m.xml"},
+        PathCase{"/P.xml", "m.xml", "\\\\m.xml"}, PathCase{"P.xml", "m.xml", "\\m.xml"}}) {
+    EXPECT_EQ(MemberPath(c.folderOrPack, c.name, '\\'), c.path);
+  }
+}
+
+TEST(PackagePaths, PathInFolderWithSlashes) {
   for (const PathCase& c :
        {PathCase{"/pkgs", "p.exe", "/pkgs/p.exe"}, PathCase{"/pkgs/", "p.exe", "/pkgs//p.exe"},
-        PathCase{"/pkgs", "sub/p.exe", "/pkgs/sub/p.exe"}, PathCase{".", "p", "./p"}}) {
-    EXPECT_EQ(PathInFolder(c.folderOrPack, c.name), c.path);
+        PathCase{"/pkgs", "sub/p.exe", "/pkgs/sub/p.exe"},
+        PathCase{"/pkgs", "sub\\p.exe", "/pkgs/sub\\p.exe"}, PathCase{".", "p", "./p"}}) {
+    EXPECT_EQ(PathInFolder(c.folderOrPack, c.name, '/'), c.path);
   }
+}
+
+TEST(PackagePaths, PathInFolderWithBackslashes) {
+  for (const PathCase& c :
+       {PathCase{"C:\\pkgs", "p.exe", "C:\\pkgs\\p.exe"},
+        PathCase{"C:\\pkgs\\", "p.exe", "C:\\pkgs\\\\p.exe"},
+        PathCase{"C:/pkgs/", "p.exe", "C:\\pkgs\\\\p.exe"},
+        PathCase{"C:\\", "p.exe", "C:\\\\p.exe"},
+        PathCase{"C:\\pkgs", "sub\\p.exe", "C:\\pkgs\\sub\\p.exe"},
+        PathCase{"C:/pkgs", "sub/p.exe", "C:\\pkgs\\sub\\p.exe"}, PathCase{".", "p", ".\\p"}}) {
+    EXPECT_EQ(PathInFolder(c.folderOrPack, c.name, '\\'), c.path);
+  }
+}
+
+TEST(PackagePaths, SeparatorIsThePlatformsPreferredOne) {
+#ifdef _WIN32
+  EXPECT_EQ(PathInFolder("dir", "sub/p"), "dir\\sub\\p");
+  EXPECT_EQ(MemberPath("dir/P.xml", "sub/m.xml"), "dir\\sub\\m.xml");
+#else
+  EXPECT_EQ(PathInFolder("dir", "sub/p"), "dir/sub/p");
+  EXPECT_EQ(MemberPath("dir/P.xml", "sub/m.xml"), "dir/sub/m.xml");
+#endif
+}
+
+#ifdef _WIN32
+
+TEST(PackagePaths, BackslashAndDriveEndAFolder) {
+  EXPECT_EQ(MemberPath("C:\\pkgs\\P.xml", "m1.xml"), "C:\\pkgs\\m1.xml");
+  EXPECT_EQ(MemberPath("C:\\P.xml", "m.xml"), "C:\\\\m.xml");
+  EXPECT_EQ(MemberPath("\\\\server\\share\\P.xml", "m.xml"), "\\\\server\\share\\m.xml");
+  EXPECT_EQ(FileStem("C:\\pkgs\\pack_a.xml"), "pack_a");
+  EXPECT_EQ(FileStem("C:pack_a.xml"), "pack_a");
+  EXPECT_TRUE(IsSelfInstance("C:\\pkgs\\P.xml", "P.xml"));
+  EXPECT_TRUE(IsSelfInstance("C:P.xml", "P.xml"));
+  EXPECT_FALSE(IsSelfInstance("C:\\pkgs\\P.xml", "p.xml"));
 }
 
 #endif

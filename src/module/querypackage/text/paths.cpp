@@ -11,19 +11,24 @@ using boost::filesystem::path;
 // In version 4 a file named ".xml" has no extension.
 static_assert(BOOST_FILESYSTEM_VERSION == 3, "paths are taken apart as in version 3");
 
-std::string Join(const path& folder, const std::string& name) {
-  constexpr char separator = static_cast<char>(path::preferred_separator);
-  return path(folder.string() + separator + name).make_preferred().string();
+static_assert(path::preferred_separator == preferredSeparator);
+
+// By way of a path, so that on Windows a text that no path can have is refused with an exception.
+std::string Join(const std::string& folder, const std::string& name, char separator) {
+  std::string joined = folder + separator + name;
+  if (separator == '\\') std::replace(joined.begin(), joined.end(), '/', separator);
+  return path(joined).string();
 }
 
 }  // namespace
 
-std::string PathInFolder(const std::string& folder, const std::string& name) {
-  return Join(path(folder), name);
+std::string PathInFolder(const std::string& folder, const std::string& name, char separator) {
+  return Join(path(folder).string(), name, separator);
 }
 
-std::string MemberPath(const std::string& packPath, const std::string& xmlFilename) {
-  return Join(path(packPath).parent_path(), xmlFilename);
+std::string MemberPath(const std::string& packPath, const std::string& xmlFilename,
+                       char separator) {
+  return Join(path(packPath).parent_path().string(), xmlFilename, separator);
 }
 
 bool IsSelfInstance(const std::string& packPath, const std::string& xmlFilename) {

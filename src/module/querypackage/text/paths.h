@@ -1,10 +1,13 @@
 // How paths are put together and taken apart. One separator goes between folder and name, the
-// platform's preferred one; on Windows every forward slash then becomes a backslash.
+// platform's preferred one; where that is the backslash, every forward slash becomes one.
 //
-//   on Windows: MemberPath("C:\\pkgs\\P.xml", "sub/m3.xml")  =>  "C:\\pkgs\\sub\\m3.xml"
-//   on POSIX:   MemberPath("/pkgs/P.xml", "m1.xml")          =>  "/pkgs/m1.xml"
-//               MemberPath("/pkgs/P.xml", "")                =>  "/pkgs/"
-//               PathInFolder("/pkgs/", "p.exe")              =>  "/pkgs//p.exe"
+//   with '/':   MemberPath("/pkgs/P.xml", "m1.xml")        =>  "/pkgs/m1.xml"
+//               MemberPath("/pkgs/P.xml", "")              =>  "/pkgs/"
+//               PathInFolder("/pkgs/", "p.exe")            =>  "/pkgs//p.exe"
+//   with '\\':  MemberPath("C:/pkgs/P.xml", "sub/m3.xml")  =>  "C:\\pkgs\\sub\\m3.xml"
+//               PathInFolder("C:\\pkgs\\", "p.exe")        =>  "C:\\pkgs\\\\p.exe"
+//
+// Paths are taken apart as the platform does: a backslash ends a folder on Windows only.
 #ifndef VORNIK_QUERYPACKAGE_TEXT_PATHS_H
 #define VORNIK_QUERYPACKAGE_TEXT_PATHS_H
 
@@ -16,11 +19,19 @@
 
 namespace Vornik {
 
+#ifdef _WIN32
+inline constexpr char preferredSeparator = '\\';
+#else
+inline constexpr char preferredSeparator = '/';
+#endif
+
 // The file of that name in a folder. Neither is tidied first.
-std::string PathInFolder(const std::string& folder, const std::string& name);
+std::string PathInFolder(const std::string& folder, const std::string& name,
+                         char separator = preferredSeparator);
 
 // The descriptor of a pack's instance: the file with that name next to the pack.
-std::string MemberPath(const std::string& packPath, const std::string& xmlFilename);
+std::string MemberPath(const std::string& packPath, const std::string& xmlFilename,
+                       char separator = preferredSeparator);
 
 // Whether an instance is the pack's own: it names no file, or the pack's file exactly.
 bool IsSelfInstance(const std::string& packPath, const std::string& xmlFilename);

@@ -5,7 +5,7 @@ namespace Vornik {
 std::string ExtractBracketed(const std::string& text) {
   const auto open = text.find('[');
   const auto close = text.find(']');
-  if (open == std::string::npos || close == std::string::npos || close < open) return text;
+  if (close == std::string::npos || close < open) return text;
   return text.substr(open + 1, close - open - 1);
 }
 

@@ -29,24 +29,19 @@ bool EqualByCLibraryFold(std::string_view a, std::string_view b) {
          });
 }
 
-LocaleFold::LocaleFold(const std::locale& locale) {
-  const auto& letters = std::use_facet<std::ctype<char>>(locale);
+LocaleFold::LocaleFold() {
+  const std::locale global;
+  const auto& letters = std::use_facet<std::ctype<char>>(global);
   for (std::size_t byte = 0; byte < table_.size(); ++byte) {
     table_[byte] = letters.tolower(static_cast<char>(byte));
   }
 }
 
 std::string LocaleFold::operator()(std::string_view text) const {
-  std::string folded;
-  Append(text, folded);
-  return folded;
-}
-
-void LocaleFold::Append(std::string_view text, std::string& folded) const {
-  const std::size_t begin = folded.size();
-  folded.append(text);
-  std::transform(text.begin(), text.end(), folded.begin() + static_cast<std::ptrdiff_t>(begin),
+  std::string folded(text);
+  std::transform(folded.begin(), folded.end(), folded.begin(),
                  [this](char c) { return table_[static_cast<unsigned char>(c)]; });
+  return folded;
 }
 
 // Character by character, as LocaleFold: a facet of the host's may override just that operation.

@@ -9,7 +9,6 @@
 #define VORNIK_QUERYPACKAGE_TEXT_LETTER_CASE_H
 
 #include <array>
-#include <locale>
 #include <string>
 #include <string_view>
 
@@ -23,19 +22,18 @@ ByteFold CLibraryFold();
 
 bool EqualByCLibraryFold(std::string_view a, std::string_view b);
 
-// The fold of one C++ locale, sampled once, for many texts.
+// The fold of the global locale, sampled once, for many texts.
 class LocaleFold {
  public:
-  explicit LocaleFold(const std::locale& locale = std::locale());
+  LocaleFold();
 
   std::string operator()(std::string_view text) const;
-  void Append(std::string_view text, std::string& folded) const;
 
  private:
   ByteFold table_{};
 };
 
-// The same for one text, with the global locale.
+// The same for one text.
 std::string FoldByGlobalLocale(std::string_view text);
 bool EqualByGlobalLocaleFold(std::string_view a, std::string_view b);
 

@@ -1,5 +1,9 @@
-// Whether a package's two files, its descriptor and its payload, are in the package folder. Both
-// names are put behind the folder as they stand.
+// Whether a package's two files, its descriptor and its payload, are in the package folder. The
+// names follow the folder unchanged.
+//
+//   "xmlFilename" "a.xml", "payload" "a.exe", folder "/pkgs" with both  =>  Found
+//   the same, folder with a.xml and a sub-folder a.exe                  =>  PayloadMissing
+//   "xmlFilename" "a.xml"                                               =>  NoPayload
 #ifndef VORNIK_QUERYPACKAGE_FILTERS_PAYLOAD_EXIST_H
 #define VORNIK_QUERYPACKAGE_FILTERS_PAYLOAD_EXIST_H
 

@@ -1,4 +1,8 @@
 // One result record from one descriptor.
+//
+//   "a.xml" with {"identificationCode" {"a"}, "preReq" {"b", "c"}}, pack "P.xml", name "P"
+//     =>  packageXmlFile "a.xml", identificationCode "a", preReq {"b", "c"}, kovuXmlFile "P.xml",
+//         kovuName "P", all other texts and lists empty
 #ifndef VORNIK_QUERYPACKAGE_RECORDS_RECORD_BUILDING_H
 #define VORNIK_QUERYPACKAGE_RECORDS_RECORD_BUILDING_H
 

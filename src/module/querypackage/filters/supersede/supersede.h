@@ -53,8 +53,8 @@ struct ListedCode {
 };
 
 struct AppliedList {
-  RecordIndex owner;
-  RecordIndex kept;               // the record for the owner's code
+  RecordIndex owner = noRecord;
+  RecordIndex kept = noRecord;    // the record for the owner's code
   std::vector<ListedCode> codes;  // for which there is a record; at least one
 };
 

@@ -34,13 +34,12 @@ void AddRankings(RecordIndex record, const Supersedence& supersedence, const Sup
   for (const RecordGroup& ranking : supersedence.rankings) {
     const auto last = std::find(ranking.rbegin(), ranking.rend(), record);
     if (last == ranking.rend()) continue;
-    RankingReason& added = reason.rankings.emplace_back();
-    added.records = ranking;
-    added.place = static_cast<std::size_t>(ranking.rend() - last) - 1;
+    const auto place = static_cast<std::size_t>(ranking.rend() - last) - 1;
+    reason.rankings.push_back(
+        {ranking, place, {}, SharedDriverFiles(ranking, supersedence.byFile)});
     for (const RecordIndex i : ranking) {
-      added.versions.push_back(ComparedVersion(input.records[i], input.fold));
+      reason.rankings.back().versions.push_back(ComparedVersion(input.records[i], input.fold));
     }
-    added.driverFiles = SharedDriverFiles(ranking, supersedence.byFile);
   }
 }
 

@@ -19,7 +19,7 @@ struct ListReason {
 
 struct RankingReason {
   RecordGroup records;
-  std::size_t place;                     // of the package; the last one if it has two
+  std::size_t place = 0;                 // of the package; the last one if it has two
   std::vector<std::string> versions;     // as compared
   std::vector<std::string> driverFiles;  // folded; each is of two or more of the records
 };

@@ -49,7 +49,8 @@ void OrderEqual(Indices::iterator begin, Indices::iterator end, std::size_t smal
 }  // namespace
 
 std::string ComparedVersion(const QueryPackageResult& record, const LocaleFold& fold) {
-  return fold(record.Version).c_str();
+  const std::string folded = fold(record.Version);
+  return folded.substr(0, folded.find('\0'));
 }
 
 std::vector<std::size_t> RankVersions(const std::vector<std::string>& versions) {

@@ -93,6 +93,20 @@ TEST_F(FolderChangedTest, DescriptorThatWasNotReadLeavesTheVerdicts) {
   }
 }
 
+TEST_F(FolderChangedTest, DescriptorThatWouldHaveAbortedTheQueryLeavesTheVerdicts) {
+  WritePackage("a");
+  folder.Write("b.xml", Package("b")
+                            .Set("driverFiles", {"x-#1", "y-#1"})
+                            .Set("driverFilesClassification", {"one"})
+                            .Individual());
+  const Cli::Explanation explanation = ExplainWhereChangedBefore([this] { WritePackage("b"); });
+  EXPECT_TRUE(explanation.folderChanged);
+  ASSERT_EQ(explanation.packages.size(), 1U);
+  for (const Cli::FilterExplanation& filter : explanation.packages[0].filters) {
+    EXPECT_EQ(filter.reason, filter.runs ? "folderChanged" : "off");
+  }
+}
+
 TEST_F(FolderChangedTest, AnotherPackageThatAppearsIsSaidToBeAChange) {
   WritePackage("a");
   EXPECT_TRUE(ExplainAfter([this] { WritePackage("b"); }).folderChanged);

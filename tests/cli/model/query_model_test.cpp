@@ -72,7 +72,9 @@ TEST_F(QueryModelTest, QueryThatWouldAbortCannotRun) {
                               .Individual());
   const Cli::FolderReading reading = Cli::ReadFolder(folder.Path());
   Cli::QueryModel model(reading, folder.Path());
-  EXPECT_FALSE(model.Evaluate(Settings()).canRun);
+  const Cli::Evaluation evaluation = model.Evaluate(Settings());
+  EXPECT_FALSE(evaluation.canRun);
+  EXPECT_TRUE(evaluation.records.empty());
 }
 
 }  // namespace

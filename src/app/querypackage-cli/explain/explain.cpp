@@ -49,13 +49,11 @@ std::vector<FilterExplanation> ExplainGone(const QueryPackageResult& record,
     explanation.filter = filter.id;
     explanation.status = filter.slot == nullptr ? FilterStatus::Matched : record.*filter.slot;
     explanation.runs = Runs(filter.id, settings);
-    if (explanation.runs) {
-      SetReason(explanation, "folderChanged",
-                "The folder changed after the query: no record is built from it any more.");
-    } else {
-      ExplainOff(explanation);
-    }
-    explanations.push_back(std::move(explanation));
+    explanations.push_back(
+        explanation.runs
+            ? SetReason(explanation, "folderChanged",
+                        "The folder changed after the query: no record is built from it any more.")
+            : ExplainOff(explanation));
   }
   return explanations;
 }
@@ -107,10 +105,9 @@ class Explainer {
  public:
   Explainer(Explanation& explanation, const EvaluatedQuery& query)
       : explanation_(explanation),
+        query_(query),
         settings_(query.settings),
-        records_(query.run.records),
-        model_(query.model),
-        query_(query) {}
+        records_(query.run.records) {}
 
   void Run() {
     const std::string& id = explanation_.packageId;
@@ -150,7 +147,8 @@ class Explainer {
     if (evaluated == query.records.size()) {
       package.filters = ExplainGone(package.record, settings_);
     } else {
-      const PackageContext context{settings_, model_, query, evaluated, query.sources[evaluated]};
+      const PackageContext context{settings_, query_.model, query, evaluated,
+                                   query.sources[evaluated]};
       AddSource(context, package);
       package.filters = ExplainAll(context);
       package.repeats = RepeatsOf(context);
@@ -170,7 +168,7 @@ class Explainer {
       package.remedies.state = RemedyState::Unknown;
       package.remedies.searchEnded = true;
     } else {
-      package.remedies = FindRemedies(model_, settings_, package.remedies.code);
+      package.remedies = FindRemedies(query_.model, settings_, package.remedies.code);
     }
   }
 
@@ -181,7 +179,7 @@ class Explainer {
     if (!explanation_.packages.empty()) return;
     const auto codes = CodesInOtherPacks(query_, explanation_.packageId);
     if (codes.empty() || explanation_.folderChanged) return;
-    explanation_.absenceRemedies = FindRemedies(model_, settings_, codes.front());
+    explanation_.absenceRemedies = FindRemedies(query_.model, settings_, codes.front());
   }
 
   bool HasPackage(const std::string& code) const {
@@ -192,10 +190,9 @@ class Explainer {
   }
 
   Explanation& explanation_;
+  const EvaluatedQuery& query_;
   const QuerySettings& settings_;
   const Records& records_;
-  QueryModel& model_;
-  const EvaluatedQuery& query_;
 };
 
 }  // namespace

@@ -17,7 +17,10 @@ QueryModel::QueryModel(const FolderReading& folder, std::string path)
 Evaluation QueryModel::Evaluate(const QuerySettings& settings) {
   if (!HasValidParameters(settings) || folder_.walkFailure) return {};
   Evaluation query = BuildRecords(settings);
-  if (!query.canRun) return query;
+  if (!query.canRun) {
+    query.records.clear();
+    return query;
+  }
   const IdLists ids(settings);
   for (std::size_t i = 0; i < query.records.size(); ++i) {
     FilterEach(settings, ids, query.sources[i], query.records[i]);

@@ -30,7 +30,7 @@ struct Evaluation {
   std::vector<Duplicate> duplicates;           // indices into built
   std::vector<PropertySource> origins;         // what each record was built from
   std::vector<PropertySource> sources;         // where the filters find each record's properties
-  std::vector<QueryPackageResult> records;     // as the query gives them
+  std::vector<QueryPackageResult> records;     // as the query gives them; none if it cannot run
   std::vector<std::optional<CodeList>> lists;  // one per record: its "supersede", if it is read
   std::optional<Supersedence> supersedence;    // none: the filter does not run
 };

@@ -53,8 +53,8 @@ PlatformResult EvaluatePlatform(const SupXmlProperties& properties, OsValue osVa
   if (lists.architectures.empty()) return {PlatformVerdict::NoArchitectures};
   const std::size_t size = lists.Size();
   for (std::size_t i = 0; i < size; ++i) {
-    if (lists.machineTypes[i] != machineType)
-      continue;  // saves reading the numbers of most entries
+    // Most entries are of other machine types; their numbers are not read.
+    if (lists.machineTypes[i] != machineType) continue;
     if (EvaluatePlatformEntry(lists.Entry(i), osValue, arcValue, machineType).IsMatch()) {
       return {PlatformVerdict::Matched, i};
     }

@@ -147,7 +147,7 @@ class ExplainPropertyTest : public RandomFolderTest {
   void CheckRounds() {
     const TestRandom test;
     RandomRepository random(test.Seed(), RandomRepository::Values::OnDisk);
-    const std::size_t rounds = test.Rounds(100);
+    const std::size_t rounds = test.Rounds(120);
     for (std::size_t round = 0; round < rounds; ++round) {
       SCOPED_TRACE(round);
       WriteRepository(random);

@@ -59,7 +59,7 @@ std::vector<std::size_t> RankVersions(const std::vector<std::string>& versions) 
   const auto isLess = [&](std::size_t a, std::size_t b) { return versions[a] < versions[b]; };
   std::stable_sort(order.begin(), order.end(), isLess);
 
-  Indices smaller(order.size() + 1);  // the tree of the indices of smaller versions
+  Indices smaller(order.size());  // the tree of the indices of smaller versions
   for (auto begin = order.begin(); begin != order.end();) {
     const auto end = std::find_if(begin, order.end(), [&](auto i) { return isLess(*begin, i); });
     const auto smallerCount = static_cast<std::size_t>(begin - order.begin());

@@ -1,7 +1,7 @@
 #include "filters/duplicate.h"
 
+#include <map>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 
 namespace Vornik {
@@ -17,8 +17,8 @@ struct KeptRecord {
 
 std::vector<Duplicate> FindDuplicates(const std::vector<QueryPackageResult>& records) {
   std::vector<Duplicate> duplicates;
-  std::unordered_map<std::string_view, KeptRecord> keptByCode;
-  keptByCode.reserve(records.size());
+  // Ordered, because the descriptors choose the codes.
+  std::map<std::string_view, KeptRecord> keptByCode;
   for (std::size_t i = 0; i < records.size(); ++i) {
     const bool hasPack = !records[i].kovuName.empty();
     const auto [kept, isFirst] =

@@ -1,8 +1,8 @@
 #include "version_ranking.h"
 
-#include <algorithm>
 #include <deque>
-#include <numeric>
+#include <map>
+#include <string_view>
 
 namespace Vornik {
 
@@ -26,8 +26,7 @@ std::size_t CountBelow(std::size_t limit, const Indices& tree) {
 // first greater one, that one the place of the first one greater than itself, and so on. Of each
 // run of equal versions the first thus moves to the run's end. So they are a queue: an equal
 // version joins it, and each smaller one moves its front to its end.
-void OrderEqual(Indices::iterator begin, Indices::iterator end, std::size_t smallerCount,
-                const Indices& smaller) {
+void OrderEqual(Indices& equal, std::size_t smallerCount, const Indices& smaller) {
   std::deque<std::size_t> queue;
   std::size_t inserted = 0;
   const auto insertSmaller = [&](std::size_t count) {
@@ -38,12 +37,12 @@ void OrderEqual(Indices::iterator begin, Indices::iterator end, std::size_t smal
     }
     inserted = count;
   };
-  for (auto equal = begin; equal != end; ++equal) {
-    insertSmaller(CountBelow(*equal, smaller));
-    queue.push_back(*equal);
+  for (const std::size_t i : equal) {
+    insertSmaller(CountBelow(i, smaller));
+    queue.push_back(i);
   }
   insertSmaller(smallerCount);
-  std::copy(queue.begin(), queue.end(), begin);
+  equal.assign(queue.begin(), queue.end());
 }
 
 }  // namespace
@@ -54,18 +53,15 @@ std::string ComparedVersion(const QueryPackageResult& record, const LocaleFold& 
 }
 
 std::vector<std::size_t> RankVersions(const std::vector<std::string>& versions) {
-  Indices order(versions.size());
-  std::iota(order.begin(), order.end(), std::size_t{0});
-  const auto isLess = [&](std::size_t a, std::size_t b) { return versions[a] < versions[b]; };
-  std::stable_sort(order.begin(), order.end(), isLess);
+  std::map<std::string_view, Indices> places;  // of each version, ascending
+  for (std::size_t i = 0; i < versions.size(); ++i) places[versions[i]].push_back(i);
 
-  Indices smaller(order.size());  // the tree of the indices of smaller versions
-  for (auto begin = order.begin(); begin != order.end();) {
-    const auto end = std::find_if(begin, order.end(), [&](auto i) { return isLess(*begin, i); });
-    const auto smallerCount = static_cast<std::size_t>(begin - order.begin());
-    if (end - begin > 1) OrderEqual(begin, end, smallerCount, smaller);
-    std::for_each(begin, end, [&](std::size_t i) { AddTo(smaller, i); });
-    begin = end;
+  Indices order;
+  Indices smaller(versions.size());  // the tree of the indices of smaller versions
+  for (auto& [version, equal] : places) {
+    if (equal.size() > 1) OrderEqual(equal, order.size(), smaller);
+    for (const std::size_t i : equal) AddTo(smaller, i);
+    order.insert(order.end(), equal.begin(), equal.end());
   }
   return order;
 }

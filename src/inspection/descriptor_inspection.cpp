@@ -139,9 +139,9 @@ DescriptorInspection InspectDescriptor(const std::string& path, TextMode mode) {
   return inspection;
 }
 
-DescriptorReading ReadDescriptor(const std::string& path) {
+DescriptorReading ReadDescriptor(const std::string& path, boost::filesystem::file_type type) {
   DescriptorReader reader(path);
-  if (reader.ReadBytes() && reader.ParseDocument(reader.Reading().kind) && reader.FindRoot()) {
+  if (reader.ReadBytes(type) && reader.ParseDocument(reader.Reading().kind) && reader.FindRoot()) {
     ReadContent(reader);
   }
   return reader.TakeReading();

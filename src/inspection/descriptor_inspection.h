@@ -2,6 +2,7 @@
 #ifndef VORNIK_INSPECTION_DESCRIPTOR_INSPECTION_H
 #define VORNIK_INSPECTION_DESCRIPTOR_INSPECTION_H
 
+#include <boost/filesystem/file_status.hpp>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -59,8 +60,8 @@ struct DescriptorInspection {
 // Throws std::bad_alloc only.
 DescriptorInspection InspectDescriptor(const std::string& path, TextMode mode = nativeTextMode);
 
-// The same reading without places, in all its steps.
-DescriptorReading ReadDescriptor(const std::string& path);
+// The same reading without places, in all its steps. type is what the folder's listing says.
+DescriptorReading ReadDescriptor(const std::string& path, boost::filesystem::file_type type);
 
 // Why a file adds nothing, as a sentence without a full stop: "elements are nested more than 1,000
 // deep". Empty if there is no fault.

@@ -143,7 +143,7 @@ TEST(ReadDescriptor, GivesWhatAnInspectionPlaces) {
       folder.Write("d.xml", pack +
                                 "<r><INSTANCE CLASSNAME='a'><PROPERTY NAME='x'/></INSTANCE>"
                                 "<INSTANCE CLASSNAME='b'/></r>");
-  const DescriptorReading reading = ReadDescriptor(path);
+  const DescriptorReading reading = ReadDescriptor(path, boost::filesystem::regular_file);
   EXPECT_EQ(reading.kind, DescriptorKind::Pack);
   EXPECT_EQ(reading.fault, DescriptorFault::None);
   EXPECT_EQ(reading.properties.size(), 1U);

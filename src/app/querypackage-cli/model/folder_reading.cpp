@@ -19,7 +19,7 @@ namespace {
 namespace fs = boost::filesystem;
 
 void AddFile(const DescriptorFile& file, FolderReading& folder) {
-  DescriptorReading reading = ReadDescriptor(file.path);
+  DescriptorReading reading = ReadDescriptor(file.path, file.type);
   if (reading.fault == DescriptorFault::None) {
     if (reading.kind == DescriptorKind::Pack) {
       folder.repository.Add(
@@ -40,7 +40,9 @@ FolderListing ListDescriptors(const std::string& folder) {
     for (fs::directory_iterator entry{fs::path(folder)}, end; entry != end; ++entry) {
       const fs::path& path = entry->path();
       if (!HasDescriptorExtension(path.native())) continue;
-      listing.files.push_back({path.string(), path.filename().string()});
+      boost::system::error_code unknown;
+      const fs::file_type type = entry->status(unknown).type();
+      listing.files.push_back({path.string(), path.filename().string(), type});
     }
   } catch (const boost::system::system_error& error) {
     listing.walkFailure = error.what();

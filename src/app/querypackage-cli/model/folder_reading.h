@@ -4,6 +4,7 @@
 #ifndef VORNIK_CLI_MODEL_FOLDER_READING_H
 #define VORNIK_CLI_MODEL_FOLDER_READING_H
 
+#include <boost/filesystem/file_status.hpp>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -19,6 +20,7 @@ namespace Vornik::Cli {
 struct DescriptorFile {
   std::string path;  // as a query names it
   std::string name;  // the last component
+  boost::filesystem::file_type type;
 };
 
 struct FolderListing {

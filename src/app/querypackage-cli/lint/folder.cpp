@@ -38,6 +38,7 @@ std::vector<bool> PackagesAmong(const LintPack& pack) {
 
 LintPack PackOf(const DescriptorFile& file, std::vector<LintPackage> instances) {
   std::vector<std::string> xmlFilenames;
+  xmlFilenames.reserve(instances.size());
   for (const LintPackage& instance : instances) {
     xmlFilenames.push_back(instance.Value(PropertyName::xmlFilename));
   }

@@ -13,7 +13,7 @@
 namespace Vornik {
 
 struct ListReason {
-  RecordIndex owner;
+  RecordIndex owner = noRecord;
   std::optional<std::size_t> position;  // where the list names the package; none: the list keeps it
 };
 

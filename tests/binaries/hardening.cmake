@@ -34,7 +34,7 @@ function(check_elf_file)
   fault_unless("${headers}" "Type: +DYN " "loaded at a fixed address")
   fault_unless("${headers}" "GNU_RELRO" "relocations stay writable")
   fault_unless("${headers}" "BIND_NOW|FLAGS_1\\)[^\n]* NOW" "functions are bound late")
-  fault_unless("${headers}" "GNU_STACK[^\n]* RW  0x" "data can be executed")
+  fault_unless("${headers}" "GNU_STACK[^\n]* RW +0" "data can be executed")
   set(found "${found}" PARENT_SCOPE)
 endfunction()
 

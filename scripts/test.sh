@@ -65,8 +65,10 @@ run_step() {
       scripts/setup.sh coverage
       [ ! -d build/coverage ] || find build/coverage -name '*.gcda' -delete
       test_preset coverage
-      gcovr --root . --filter src/module/ --exclude-throw-branches --print-summary build/coverage
-      gcovr --root . --filter src/app/ --exclude-throw-branches --print-summary build/coverage
+      gcovr --root . --filter src/module/ --exclude-throw-branches --print-summary \
+        --fail-under-line 98 build/coverage
+      gcovr --root . --filter src/app/ --exclude-throw-branches --print-summary \
+        --fail-under-line 95 build/coverage
       ;;
     windows)
       scripts/setup.sh windows

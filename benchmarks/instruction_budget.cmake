@@ -5,7 +5,7 @@
 #   cmake -D valgrind=... -D probe=<instruction_probe> -D work=<folder> -P instruction_budget.cmake
 cmake_minimum_required(VERSION 3.21)
 
-set(budget 520000)      # instructions a package; 474,000 when this was set
+set(budget 565000)      # instructions a package; 514,000 when this was set
 set(growthPercent 103)  # of the cost a package, from 1,000 to 2,000 packages
 
 function(count what number result)

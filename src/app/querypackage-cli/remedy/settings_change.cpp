@@ -108,7 +108,7 @@ std::vector<std::string> QueryArguments(const QuerySettings& settings) {
     std::visit([&](auto member) { AddArguments(arguments, setting.option, settings.*member); },
                setting.member);
   }
-  // Behind the dashes a folder may begin with one.
+  // After the dashes a folder may begin with one.
   arguments.insert(arguments.end(), {"--", settings.folder});
   return arguments;
 }

@@ -7,6 +7,7 @@
 #include "commands/exit_status.h"
 #include "commands/options.h"
 #include "commands/parser.h"
+#include "model/hazard_check.h"
 #include "model/library_run.h"
 #include "output/query_json.h"
 #include "output/terminal.h"
@@ -41,7 +42,7 @@ int Query(const QueryOptions& options) {
 int RunQueryCommand(const QueryOptions& options) {
   if (const auto refusal = DirectLog(options.log)) return *refusal;
   if (!options.trust) {
-    const auto refusal = RefuseHazard(options.query, ReadFolderOf(options.query));
+    const auto refusal = RefuseHazard(options.query, ReadFolderOf(options.query, EndsProcess));
     if (refusal) return *refusal;
   }
   return StatusOfRun([&options] { return Query(options); });

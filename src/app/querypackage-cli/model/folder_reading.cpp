@@ -18,13 +18,13 @@ namespace {
 
 namespace fs = boost::filesystem;
 
-void AddFile(const DescriptorFile& file, FolderReading& folder) {
+void AddFile(const DescriptorFile& file, IsWanted isWanted, FolderReading& folder) {
   DescriptorReading reading = ReadDescriptor(file.path, file.type);
   if (reading.fault == DescriptorFault::None) {
     if (reading.kind == DescriptorKind::Pack) {
       folder.repository.Add(
           KovuPackEntry{file.path, MembersOfPack(file.path, std::move(reading.properties))});
-    } else {
+    } else if (isWanted == nullptr || isWanted(reading.properties.front())) {
       folder.repository.Add(PackageXmlEntry{file.path, std::move(reading.properties.front())});
     }
     reading.properties.clear();
@@ -82,16 +82,16 @@ bool IsLoadFault(DescriptorFault fault) {
   }
 }
 
-FolderReading ReadFolder(const std::string& folder) {
+FolderReading ReadFolder(const std::string& folder, IsWanted isWanted) {
   FolderListing listing = ListDescriptors(folder);
   FolderReading reading;
-  for (const DescriptorFile& file : listing.files) AddFile(file, reading);
+  for (const DescriptorFile& file : listing.files) AddFile(file, isWanted, reading);
   reading.walkFailure = std::move(listing.walkFailure);
   return reading;
 }
 
-FolderReading ReadFolderOf(const QuerySettings& settings) {
-  return HasValidParameters(settings) ? ReadFolder(settings.folder) : FolderReading();
+FolderReading ReadFolderOf(const QuerySettings& settings, IsWanted isWanted) {
+  return HasValidParameters(settings) ? ReadFolder(settings.folder, isWanted) : FolderReading();
 }
 
 bool HasValidParameters(const QuerySettings& settings) {

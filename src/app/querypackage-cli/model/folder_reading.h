@@ -62,11 +62,14 @@ struct FolderReading {
   std::optional<std::string> walkFailure;
 };
 
-// Throws std::bad_alloc only.
-FolderReading ReadFolder(const std::string& folder);
+// Whether an individual descriptor of these properties is wanted in the repository.
+using IsWanted = bool (*)(const SupXmlProperties& properties);
+
+// Throws std::bad_alloc only. isWanted: null: all of them are.
+FolderReading ReadFolder(const std::string& folder, IsWanted isWanted = nullptr);
 
 // The same for the folder of a query. Empty where the query is refused before it reads.
-FolderReading ReadFolderOf(const QuerySettings& settings);
+FolderReading ReadFolderOf(const QuerySettings& settings, IsWanted isWanted = nullptr);
 
 // Whether a query of these settings passes the parameter check.
 bool HasValidParameters(const QuerySettings& settings);

@@ -65,7 +65,7 @@ std::optional<Hazard> UnclassifiedAmong(const std::vector<PackageXmlEntry>& entr
                                         std::size_t begin, const std::string& packFile) {
   for (std::size_t i = begin; i < entries.size(); ++i) {
     const auto& [file, properties] = entries[i];
-    if (!ReadDriverFiles(properties).unclassifiedIndex) continue;
+    if (!EndsProcess(properties)) continue;
     return UnclassifiedIn(packFile.empty() ? file : packFile, properties);
   }
   return std::nullopt;
@@ -76,6 +76,10 @@ std::string Place(const Hazard& hazard) {
 }
 
 }  // namespace
+
+bool EndsProcess(const SupXmlProperties& properties) {
+  return ReadDriverFiles(properties).unclassifiedIndex.has_value();
+}
 
 std::optional<Hazard> FindHazard(const QuerySettings& settings, const FolderReading& folder) {
   // The whole folder is loaded before the first record is built.

@@ -26,8 +26,12 @@ struct Hazard {
   std::size_t classifications = 0;
 };
 
+// Whether a query that builds a record of these properties ends the process.
+bool EndsProcess(const SupXmlProperties& properties);
+
 // The hazard that the query of these settings would meet first, in the order in which it reads and
-// builds: folder is what it would read. Nothing where the query ends before it meets one.
+// builds: folder is what it would read, the individual descriptors without this hazard aside.
+// Nothing where the query ends before it meets one.
 std::optional<Hazard> FindHazard(const QuerySettings& settings, const FolderReading& folder);
 
 // One line for a person: where it is, what it does and what to change.

@@ -20,21 +20,23 @@ namespace {
 
 namespace fs = boost::filesystem;
 
-std::vector<fs::path> EntriesOf(const fs::path& folder) {
-  std::vector<fs::path> entries;
+// By name. A listing says of most entries what they are, so that they are not asked.
+std::vector<fs::directory_entry> EntriesOf(const fs::path& folder) {
+  std::vector<fs::directory_entry> entries;
   boost::system::error_code failed;
   fs::directory_iterator entry(folder, failed);
   while (!failed && entry != fs::directory_iterator()) {
-    entries.push_back(entry->path());
+    entries.push_back(*entry);
     entry.increment(failed);
   }
-  std::sort(entries.begin(), entries.end());
+  std::sort(entries.begin(), entries.end(),
+            [](const auto& a, const auto& b) { return a.path().native() < b.path().native(); });
   return entries;
 }
 
-bool IsDirectory(const fs::path& path) {
+bool IsDirectory(const fs::directory_entry& entry) {
   boost::system::error_code failed;
-  return fs::is_directory(path, failed) && !failed;
+  return fs::is_directory(entry.status(failed)) && !failed;
 }
 
 void AddIfUnread(const fs::path& path, bool inSubfolder, std::vector<UnreadFile>& files) {
@@ -129,12 +131,12 @@ CodeFinding FindInside(const std::string& path, const std::string& code) {
 
 std::vector<UnreadFile> FindUnreadFiles(const std::string& folder) {
   std::vector<UnreadFile> files;
-  for (const fs::path& path : EntriesOf(folder)) {
-    if (!IsDirectory(path)) {
-      AddIfUnread(path, false, files);
+  for (const fs::directory_entry& entry : EntriesOf(folder)) {
+    if (!IsDirectory(entry)) {
+      AddIfUnread(entry.path(), false, files);
       continue;
     }
-    for (const fs::path& inside : EntriesOf(path)) AddIfUnread(inside, true, files);
+    for (const auto& inside : EntriesOf(entry.path())) AddIfUnread(inside.path(), true, files);
   }
   return files;
 }

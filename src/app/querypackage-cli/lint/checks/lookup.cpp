@@ -18,13 +18,16 @@ namespace {
 
 namespace fs = boost::filesystem;
 
-// False if either path cannot be resolved.
-bool LiesOutside(const std::string& file, const std::string& folder) {
+// Empty if it cannot be resolved.
+fs::path RealPath(const std::string& path) {
   boost::system::error_code failed;
-  const fs::path realFolder = fs::canonical(folder, failed);
-  if (failed) return false;
-  const fs::path realFile = fs::canonical(file, failed);
-  if (failed) return false;
+  fs::path real = fs::canonical(path, failed);
+  return failed ? fs::path() : real;
+}
+
+// False if either path could not be resolved.
+bool LiesOutside(const fs::path& realFile, const fs::path& realFolder) {
+  if (realFile.empty() || realFolder.empty()) return false;
   return std::mismatch(realFolder.begin(), realFolder.end(), realFile.begin(), realFile.end())
              .first != realFolder.end();
 }
@@ -40,7 +43,8 @@ LookedUpFile LintLookup::Find(const std::string& name) {
     const auto parts = NameParts(name, target_);
     const std::string path = NativePath(name, parts);
     found.exists = !path.empty() && IsRegularFile(path);
-    found.outside = LeadsOutside(parts) || (found.exists && LiesOutside(path, folder_));
+    found.outside =
+        LeadsOutside(parts) || (found.exists && LiesOutside(RealPath(path), RealFolder()));
     if (!found.exists && !found.outside) {
       const std::string other = Resolve(parts, Case::Any);
       if (!other.empty() && IsRegularFile(PathInFolder(folder_, other))) found.otherCase = other;
@@ -49,6 +53,11 @@ LookedUpFile LintLookup::Find(const std::string& name) {
     // The name cannot be written in the file system's character set: there is no such file.
   }
   return found;
+}
+
+const fs::path& LintLookup::RealFolder() {
+  if (!realFolder_) realFolder_ = RealPath(folder_);
+  return *realFolder_;
 }
 
 std::string LintLookup::NativePath(const std::string& name, const std::vector<std::string>& parts) {

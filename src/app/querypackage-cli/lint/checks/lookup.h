@@ -2,7 +2,9 @@
 #ifndef VORNIK_CLI_LINT_CHECKS_LOOKUP_H
 #define VORNIK_CLI_LINT_CHECKS_LOOKUP_H
 
+#include <boost/filesystem/path.hpp>
 #include <map>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -37,8 +39,12 @@ class LintLookup {
 
   std::string NativePath(const std::string& name, const std::vector<std::string>& parts);
 
+  // The folder without links; empty if it cannot be resolved. Asked for once.
+  const boost::filesystem::path& RealFolder();
+
   std::string folder_;
   LintTarget target_;
+  std::optional<boost::filesystem::path> realFolder_;
   std::map<std::string, Listing> listings_;
 };
 

@@ -39,7 +39,7 @@ class LintLookup {
 
   std::string NativePath(const std::string& name, const std::vector<std::string>& parts);
 
-  // The folder without links; empty if it cannot be resolved. Asked for once.
+  // The folder with its links resolved, once; empty if that fails.
   const boost::filesystem::path& RealFolder();
 
   std::string folder_;

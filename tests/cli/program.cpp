@@ -35,8 +35,10 @@ Outcome RunProgram(const std::string& program, const Arguments& arguments,
   return {end.status, WithoutCarriageReturns(ReadFile(out)), WithoutCarriageReturns(ReadFile(err))};
 }
 
+std::string CliPath() { return QUERYPACKAGE_CLI; }
+
 Outcome RunCli(const Arguments& arguments, const Variables& variables) {
-  return RunProgram(QUERYPACKAGE_CLI, arguments, variables);
+  return RunProgram(CliPath(), arguments, variables);
 }
 
 std::vector<std::string> LinesOf(const std::string& text) {

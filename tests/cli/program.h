@@ -23,6 +23,7 @@ Outcome RunProgram(const std::string& program, const Arguments& arguments,
                    const Variables& variables = {});
 
 // querypackage-cli.
+std::string CliPath();
 Outcome RunCli(const Arguments& arguments, const Variables& variables = {});
 
 // The lines of a text, without their ends.

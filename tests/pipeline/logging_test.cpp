@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "captured_stdout.h"
+#include "project_file.h"
 #include "query_fixture.h"
 
 namespace Vornik::Testing {
@@ -98,7 +99,7 @@ TEST_F(LoggingTest, EveryMessageIsOneLogObject) {
 TEST_F(LoggingTest, RecordNamesTheLineOfItsStatement) {
   EXPECT_EQ(Run(), QueryCode::NoResults);
   const LogEntry& record = RecordingLog::Entries().back();
-  std::ifstream source(QUERYPACKAGE_SOURCE_DIR "/" + record.file);
+  std::ifstream source(ProjectFile(record.file));
   std::string line;
   for (int i = 0; i < record.line; ++i) ASSERT_TRUE(std::getline(source, line));
   EXPECT_NE(line.find("QP_LOG(LogLevel::error, LogText::noValidPackage"), std::string::npos)

@@ -1,6 +1,7 @@
 // The sample repository shows every verdict that each filter can give while it runs.
 #include <set>
 
+#include "project_file.h"
 #include "query_fixture.h"
 
 namespace Vornik::Testing {
@@ -10,7 +11,7 @@ using Verdicts = std::set<std::uint32_t>;
 using SampleRepositoryTest = QueryTest;
 
 TEST_F(SampleRepositoryTest, ShowsEveryVerdictOfEveryFilter) {
-  imp.xmlPackageFolder = QUERYPACKAGE_SOURCE_DIR "/examples/repository";
+  imp.xmlPackageFolder = ProjectFile("examples/repository");
   imp.includePackageIds = {"orx_utl_keymap_1"};
   imp.excludePackageIds = {"orx_utl_notice_1"};
   imp.updateTypes = {static_cast<UpdateType>(1)};

@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "captured_stdout.h"
+#include "project_file.h"
 #include "querypackageimp.h"
 #include "record_members.h"
 #include "recording_log.h"
@@ -20,7 +21,7 @@ namespace {
 
 namespace fs = boost::filesystem;
 
-const fs::path scenarioRoot = fs::path(QUERYPACKAGE_SOURCE_DIR) / "tests" / "scenarios";
+const fs::path scenarioRoot = ProjectFile("tests/scenarios");
 
 // Every folder with a query.txt, as <area>/<case>.
 std::vector<std::string> FindScenarios() {

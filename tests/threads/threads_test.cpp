@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "QueryPackage.h"
+#include "project_file.h"
 #include "record_members.h"
 
 namespace Vornik {
@@ -38,7 +39,7 @@ constexpr std::size_t settings = 6;
 
 Answer Query(std::size_t setting) {
   QueryPackage query;
-  query.SetXMLPackageFolder(QUERYPACKAGE_SOURCE_DIR "/examples/repository");
+  query.SetXMLPackageFolder(Testing::ProjectFile("examples/repository"));
   query.SetPlatform(static_cast<OsValue>(10), static_cast<ArcValue>(9),
                     setting % 2 == 0 ? "1234" : "5678");
   query.SetSupersedeFilter(setting % 3 != 0);

@@ -154,7 +154,7 @@ TEST_F(ExitStatusTest, FolderThatCannotBeListedEndsWith3) {
 
 TEST_F(ExitStatusTest, OutputThatIsLostEndsWith74) {
   WritePackage("a");
-  Arguments arguments{"-c", "exec \"$0\" \"$@\" > /dev/full", QUERYPACKAGE_CLI};
+  Arguments arguments{"-c", "exec \"$0\" \"$@\" > /dev/full", CliPath()};
   for (const std::string& argument : QueryArguments()) arguments.push_back(argument);
   const Outcome outcome = RunProgram("/bin/sh", arguments);
   EXPECT_EQ(outcome.status, 74);

@@ -4,11 +4,12 @@
 #include <sstream>
 
 #include "cli_fixture.h"
+#include "project_file.h"
 
 namespace Vornik::Testing {
 namespace {
 
-const std::string examples = QUERYPACKAGE_SOURCE_DIR "/examples";
+const std::string examples = ProjectFile("examples");
 
 using Row = std::vector<std::string>;
 

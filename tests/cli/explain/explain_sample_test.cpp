@@ -1,5 +1,6 @@
 // Packages of the sample repository, explained as its description says.
 #include "explain/explain_fixture.h"
+#include "project_file.h"
 
 namespace Vornik::Testing {
 namespace {
@@ -8,7 +9,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-const std::string repository = QUERYPACKAGE_SOURCE_DIR "/examples/repository";
+const std::string repository = ProjectFile("examples/repository");
 
 class ExplainSampleTest : public ExplainTest {
  protected:

@@ -128,7 +128,7 @@ TEST_F(LintCommandTest, ExplainNeedsNoFolderAndReadsNone) {
 TEST_F(LintCommandTest, OutputThatIsLostEndsWith74) {
   WriteError();
   const Outcome outcome = RunProgram(
-      "/bin/sh", {"-c", "exec \"$0\" \"$@\" > /dev/full", QUERYPACKAGE_CLI, "lint", folder.Path()});
+      "/bin/sh", {"-c", "exec \"$0\" \"$@\" > /dev/full", CliPath(), "lint", folder.Path()});
   EXPECT_EQ(outcome.status, 74);
   EXPECT_THAT(outcome.err, StartsWith("querypackage-cli: standard output"));
 }

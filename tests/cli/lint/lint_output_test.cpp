@@ -6,6 +6,7 @@
 #include "lint/lint_fixture.h"
 #include "lint/report.h"
 #include "lint/rules.h"
+#include "project_file.h"
 
 namespace Vornik::Testing {
 namespace {
@@ -110,7 +111,7 @@ TEST_F(LintOutputTest, SarifNamesRulesResultsAndPlaces) {
 // Of the whole document: the members of each object, their types, URIs and levels.
 void ExpectValidSarif(const std::string& text) {
   const TempFolder work;
-  const std::string tests = QUERYPACKAGE_SOURCE_DIR "/tests/cli/";
+  const std::string tests = ProjectFile("tests/cli/");
   const Outcome outcome =
       RunProgram("/usr/bin/env", {"python3", tests + "validate_json.py",
                                   tests + "lint/sarif.schema.json", work.Write("log.json", text)});

@@ -4,6 +4,7 @@
 
 #include "lint/lint_fixture.h"
 #include "lint/rules.h"
+#include "project_file.h"
 
 namespace Vornik::Testing {
 namespace {
@@ -42,7 +43,7 @@ TEST(LintRulesTest, EachSaysInASentenceWhatIsWrongAndInOneWhatToDo) {
 // The rows of the description's table of findings.
 std::vector<std::string> DescribedRows() {
   std::vector<std::string> rows;
-  for (const std::string& line : LinesOf(ReadFile(QUERYPACKAGE_SOURCE_DIR "/docs/lint.md"))) {
+  for (const std::string& line : LinesOf(ReadFile(ProjectFile("docs/lint.md")))) {
     if (line.compare(0, 3, "| `") == 0) rows.push_back(line);
   }
   return rows;

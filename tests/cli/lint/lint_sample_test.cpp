@@ -1,18 +1,19 @@
 // The lint report of the sample repository. Whoever changes the repository or a finding checks
 // every line of the new report.
 #include "lint/lint_fixture.h"
+#include "project_file.h"
 
 namespace Vornik::Testing {
 namespace {
 
-const std::string repository = QUERYPACKAGE_SOURCE_DIR "/examples/repository";
+const std::string repository = ProjectFile("examples/repository");
 
 // The report's lines begin with a path, and the path names the folder by a word.
 std::string ExpectedReport() {
   const std::string word = "{folder}";
   std::string report;
   for (const std::string& line :
-       LinesOf(ReadFile(QUERYPACKAGE_SOURCE_DIR "/tests/cli/lint/lint_sample_report.txt"))) {
+       LinesOf(ReadFile(ProjectFile("tests/cli/lint/lint_sample_report.txt")))) {
     if (line.compare(0, word.size(), word) != 0) {
       report += line + '\n';
       continue;

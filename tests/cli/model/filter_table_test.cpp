@@ -1,5 +1,6 @@
 // The table of filters is complete: a slot or a setter of the public header that it lacks fails.
 #include "model/filter_table.h"
+#include "project_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,7 +22,7 @@ using testing::SizeIs;
 using testing::UnorderedElementsAreArray;
 
 std::string PublicHeader() {
-  std::ifstream file(QUERYPACKAGE_SOURCE_DIR "/include/QueryPackage.h");
+  std::ifstream file(ProjectFile("include/QueryPackage.h"));
   std::ostringstream text;
   text << file.rdbuf();
   return text.str();

@@ -50,7 +50,7 @@ std::string ReadAll(int terminal) {
 }
 
 std::string TerminalTest::QueryOnTerminal(const char* noColour, const Arguments& more) {
-  Arguments arguments{QUERYPACKAGE_CLI};
+  Arguments arguments{CliPath()};
   for (const std::string& argument : QueryArguments(more)) arguments.push_back(argument);
   int terminal = -1;
   const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "captured_stdout.h"
+#include "contents_of.h"
 #include "global_locale.h"
 #include "query_fixture.h"
 #include "random_repository.h"
@@ -189,6 +190,7 @@ class PlainQueryOnDisk : public PlainQueryTest, public testing::WithParamInterfa
       random.Configure(imp);
       imp.xmlPackageFolder = repository.Path();
       imp.queryCallback = random.Pick().OneIn(2) ? &placeholder : nullptr;
+      if (random.Pick().OneIn(2)) imp.contents = ContentsOf(repository.Path());
       ASSERT_NO_FATAL_FAILURE(RunBoth(plainFolder, 3, tally));
     }
   }

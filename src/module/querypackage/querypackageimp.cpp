@@ -124,26 +124,45 @@ bool QueryPackageImp::ParseXmlPackageFolder() {
       QP_LOG(LogLevel::error, xmlPackageFolder << LogText::notADirectory);
       return true;
     }
-    for (fs::directory_iterator entry(folder), end; entry != end; ++entry) {
-      const fs::path& path = entry->path();
-      if (!HasDescriptorExtension(path.native())) continue;
-      DescriptorReader file(path.string());
-      file.ReadBytes(TypeOf(*entry));
-      if (IsKovuXml(file)) {
-        LoadKovuXml(std::move(file));
-      } else if (IsIndividualXml(file)) {
-        LoadPackageXml(std::move(file));
-      } else if (Log::GetMinLogLevel() >= LogLevel::error) {
-        // Before the statement: an allocation that fails inside one would cut the record short.
-        const std::string fileName = path.filename().string();
-        QP_LOG(LogLevel::error, fileName << LogText::notValidXml);
-      }
+    if (contents) {
+      TakeContents(*std::exchange(contents, std::nullopt));
+    } else {
+      ReadFiles();
     }
   } catch (const fs::filesystem_error& error) {
     QP_LOG(LogLevel::error, error.what());
     return false;
   }
   return true;
+}
+
+void QueryPackageImp::ReadFiles() {
+  for (fs::directory_iterator entry{fs::path(xmlPackageFolder)}, end; entry != end; ++entry) {
+    const fs::path& path = entry->path();
+    if (!HasDescriptorExtension(path.native())) continue;
+    DescriptorReader file(path.string());
+    file.ReadBytes(TypeOf(*entry));
+    LoadFile(std::move(file));
+  }
+}
+
+void QueryPackageImp::TakeContents(FolderContents taken) {
+  for (FolderContents::File& file : taken.files) {
+    LoadFile(DescriptorReader(std::move(file.path), std::move(file.reading)));
+  }
+  if (taken.failure) std::rethrow_exception(taken.failure);
+}
+
+void QueryPackageImp::LoadFile(DescriptorReader file) {
+  if (IsKovuXml(file)) {
+    LoadKovuXml(std::move(file));
+  } else if (IsIndividualXml(file)) {
+    LoadPackageXml(std::move(file));
+  } else if (Log::GetMinLogLevel() >= LogLevel::error) {
+    // Before the statement: an allocation that fails inside one would cut the record short.
+    const std::string fileName = fs::path(file.Path()).filename().string();
+    QP_LOG(LogLevel::error, fileName << LogText::notValidXml);
+  }
 }
 
 bool QueryPackageImp::IsKovuXml(const DescriptorReader& file) {

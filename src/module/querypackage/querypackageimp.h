@@ -4,12 +4,14 @@
 #define VORNIK_QUERYPACKAGE_QUERYPACKAGEIMP_H
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "QueryPackage.h"
 #include "model/repository.h"
 #include "reading/descriptor_reading.h"
+#include "reading/folder_contents.h"
 
 namespace Vornik {
 
@@ -62,9 +64,15 @@ class QueryPackageImp {
   // What all queries on this object have loaded: a query adds to it, nothing ever empties it.
   Repository repository;
 
+  // What the next query takes in place of the folder's files; without it a query reads them.
+  std::optional<FolderContents> contents;
+
   IQueryPackageCallback* queryCallback = nullptr;  // borrowed
 
  private:
+  void ReadFiles();
+  void TakeContents(FolderContents taken);
+  void LoadFile(DescriptorReader file);
   QueryPackageResult CreateResult(const PackageXmlEntry& entry, const std::string& kovuXmlFile,
                                   const std::string& kovuName);
 };

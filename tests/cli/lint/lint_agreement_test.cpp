@@ -24,7 +24,7 @@ Ids IdsOf(const DescriptorReading& reading) {
     return {LintId::NoMarker,     LintId::MarkerSplit, LintId::MarkerStraddles,
             LintId::MarkerHidden, LintId::Utf16,       LintId::NotReadable};
   }
-  if (Cli::IsLoadFault(reading.fault)) return {LintId::NotWellFormed, LintId::OverLimits};
+  if (IsLoadFault(reading.fault)) return {LintId::NotWellFormed, LintId::OverLimits};
   switch (reading.fault) {
     case DescriptorFault::NoRoot:
       return {LintId::NoRoot};
@@ -80,7 +80,7 @@ void ExpectSameHazard(const Cli::LintResult& result, const std::string& folder) 
   settings.machineType = "1234";
   settings.osValue = static_cast<OsValue>(10);
   settings.arcValue = static_cast<ArcValue>(9);
-  const auto hazard = Cli::FindHazard(settings, Cli::ReadFolderOf(settings));
+  const auto hazard = Cli::FindHazard(settings, Cli::ReadContentsOf(settings));
   const bool isNamed =
       std::any_of(result.findings.begin(), result.findings.end(), [](const auto& finding) {
         return finding.id == LintId::InstanceMisfit || finding.id == LintId::ClassificationsMissing;

@@ -147,7 +147,7 @@ TEST(ReadDescriptor, GivesWhatAnInspectionPlaces) {
   EXPECT_EQ(reading.kind, DescriptorKind::Pack);
   EXPECT_EQ(reading.fault, DescriptorFault::None);
   EXPECT_EQ(reading.properties.size(), 1U);
-  EXPECT_EQ(reading.emptyInstances, 1U);
+  EXPECT_THAT(reading.emptyInstances, testing::ElementsAre(1U));
 }
 
 }  // namespace

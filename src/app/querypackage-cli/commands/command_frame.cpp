@@ -19,8 +19,8 @@ std::optional<int> DirectLog(const LogOptions& log) {
                           log.file, reason));
 }
 
-std::optional<int> RefuseHazard(const QuerySettings& settings, const FolderReading& folder) {
-  const std::optional<Hazard> hazard = FindHazard(settings, folder);
+std::optional<int> RefuseHazard(const QuerySettings& settings, const FolderContents& contents) {
+  const std::optional<Hazard> hazard = FindHazard(settings, contents);
   if (!hazard) return std::nullopt;
   return Fail(ExitStatus::hazard, Describe(*hazard));
 }

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "commands/options.h"
-#include "model/folder_reading.h"
+#include "reading/folder_contents.h"
 
 namespace Vornik::Cli {
 
@@ -18,7 +18,7 @@ namespace Vornik::Cli {
 std::optional<int> DirectLog(const LogOptions& log);
 
 // Looks for contents of the query's folder that would hang the query or abort the process.
-std::optional<int> RefuseHazard(const QuerySettings& settings, const FolderReading& folder);
+std::optional<int> RefuseHazard(const QuerySettings& settings, const FolderContents& contents);
 
 // The exit status of run, or that of the exception which leaves it.
 int StatusOfRun(const std::function<int()>& run);

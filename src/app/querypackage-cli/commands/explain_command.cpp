@@ -47,13 +47,14 @@ int StatusOf(const Explanation& explanation) {
 
 int ExplainPackage(const ExplainOptions& options) {
   const std::vector<FolderEntry> before = ListEntries(options.query.folder);
-  const FolderReading folder = ReadFolderOf(options.query);
+  FolderContents contents = ReadContentsOf(options.query);
   if (!options.trust) {
-    if (const auto refusal = RefuseHazard(options.query, folder)) return *refusal;
+    if (const auto refusal = RefuseHazard(options.query, contents)) return *refusal;
   }
-  const LibraryRun run = RunLibrary(options.query, options.format);
+  const LibraryRun run = RunLibrary(options.query, options.format, contents);
   ReportLostLogRecords();
 
+  const FolderReading folder = Load(std::move(contents));
   QueryModel model(folder, options.query.folder);
   const Evaluation evaluation = model.Evaluate(options.query);
   const EvaluatedQuery query{options.query, run, model, evaluation,

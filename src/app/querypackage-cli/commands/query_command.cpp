@@ -1,13 +1,15 @@
 #include "commands/query_command.h"
 
 #include <memory>
+#include <optional>
+#include <utility>
 
 #include "QueryPackage.h"
 #include "commands/command_frame.h"
 #include "commands/exit_status.h"
 #include "commands/options.h"
 #include "commands/parser.h"
-#include "model/hazard_check.h"
+#include "model/folder_reading.h"
 #include "model/library_run.h"
 #include "output/query_json.h"
 #include "output/terminal.h"
@@ -31,8 +33,8 @@ bool PrintOutcome(const QueryOptions& options, const LibraryRun& run) {
   return run.code != QueryCode::Completed || Print(VerdictTable(run.records, WantsColour()));
 }
 
-int Query(const QueryOptions& options) {
-  const LibraryRun run = RunLibrary(options.query, options.format);
+int Query(const QueryOptions& options, std::optional<FolderContents> contents) {
+  const LibraryRun run = RunLibrary(options.query, options.format, std::move(contents));
   ReportLostLogRecords();
   if (!PrintOutcome(options, run)) return FailToPrint();
   if (run.code == QueryCode::Completed) return ExitStatus::success;
@@ -41,11 +43,12 @@ int Query(const QueryOptions& options) {
 
 int RunQueryCommand(const QueryOptions& options) {
   if (const auto refusal = DirectLog(options.log)) return *refusal;
+  std::optional<FolderContents> contents;
   if (!options.trust) {
-    const auto refusal = RefuseHazard(options.query, ReadFolderOf(options.query, EndsProcess));
-    if (refusal) return *refusal;
+    contents = ReadContentsOf(options.query);
+    if (const auto refusal = RefuseHazard(options.query, *contents)) return *refusal;
   }
-  return StatusOfRun([&options] { return Query(options); });
+  return StatusOfRun([&] { return Query(options, std::move(contents)); });
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ namespace {
 
 std::vector<DescriptorFile> ListByName(LintFolder& folder) {
   FolderListing listing = ListDescriptors(folder.path);
-  folder.walkFailure = std::move(listing.walkFailure);
+  if (listing.failure) folder.walkFailure = FailureText(listing.failure);
   std::sort(listing.files.begin(), listing.files.end(),
             [](const DescriptorFile& a, const DescriptorFile& b) { return a.name < b.name; });
   return std::move(listing.files);

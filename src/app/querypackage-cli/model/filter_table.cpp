@@ -9,6 +9,7 @@
 #include "filters/update_type.h"
 #include "model/literals.h"
 #include "model/query_model.h"
+#include "querypackageimp.h"
 #include "text/decimal.h"
 
 namespace Vornik::Cli {
@@ -82,7 +83,7 @@ constexpr std::array<Filter, filterCount> filters{{
      ExplainKovu,
      FilterSetting{
          "kovuFilter", &Settings::kovuFilter,
-         [](const Settings& from, QueryPackage& to) { to.SetKovuFilter(from.kovuFilter); },
+         [](const Settings& from, QueryPackageImp& to) { to.kovuFilter = from.kovuFilter; },
          "--no-kovu-filter", "Do not judge whether a package comes from the machine's pack",
          "It is switched off by --no-kovu-filter.", Dependence::Interdependent}},
 
@@ -98,7 +99,7 @@ constexpr std::array<Filter, filterCount> filters{{
      [](const FilterInput& input) { return StatusOf(!IsSepCode(input.record.identificationCode)); },
      ExplainSep,
      FilterSetting{"sepFilter", &Settings::sepFilter,
-                   [](const Settings& from, QueryPackage& to) { to.SetSepFilter(from.sepFilter); },
+                   [](const Settings& from, QueryPackageImp& to) { to.sepFilter = from.sepFilter; },
                    "--no-sep-filter", "Do not judge whether a package is a Sep package",
                    "It is switched off by --no-sep-filter.", Dependence::Independent}},
 
@@ -116,8 +117,8 @@ constexpr std::array<Filter, filterCount> filters{{
      EvaluatePayloadExist,
      ExplainPayload,
      FilterSetting{"payloadExistFilter", &Settings::payloadExistFilter,
-                   [](const Settings& from, QueryPackage& to) {
-                     to.SetPayloadExistFilter(from.payloadExistFilter);
+                   [](const Settings& from, QueryPackageImp& to) {
+                     to.payloadExistFilter = from.payloadExistFilter;
                    },
                    "--no-payload-exist-filter",
                    "Do not judge whether a package's files are in the folder",
@@ -136,8 +137,8 @@ constexpr std::array<Filter, filterCount> filters{{
      nullptr,
      ExplainSupersede,
      FilterSetting{"supersedeFilter", &Settings::supersedeFilter,
-                   [](const Settings& from, QueryPackage& to) {
-                     to.SetSupersedeFilter(from.supersedeFilter);
+                   [](const Settings& from, QueryPackageImp& to) {
+                     to.supersedeFilter = from.supersedeFilter;
                    },
                    "--no-supersede-filter",
                    "Do not judge whether a package is replaced by another one",
@@ -156,8 +157,8 @@ constexpr std::array<Filter, filterCount> filters{{
      },
      ExplainInclude,
      FilterSetting{"includePackageIds", &Settings::includePackageIds,
-                   [](const Settings& from, QueryPackage& to) {
-                     to.SetIncludePackageIDs(from.includePackageIds);
+                   [](const Settings& from, QueryPackageImp& to) {
+                     to.includePackageIds = from.includePackageIds;
                    },
                    "--include",
                    "Identification code that is wanted, in any case.\n"
@@ -181,8 +182,8 @@ constexpr std::array<Filter, filterCount> filters{{
      },
      ExplainExclude,
      FilterSetting{"excludePackageIds", &Settings::excludePackageIds,
-                   [](const Settings& from, QueryPackage& to) {
-                     to.SetExcludePackageIDs(from.excludePackageIds);
+                   [](const Settings& from, QueryPackageImp& to) {
+                     to.excludePackageIds = from.excludePackageIds;
                    },
                    "--exclude",
                    "Identification code that is not wanted, in any case.\n"
@@ -205,7 +206,7 @@ constexpr std::array<Filter, filterCount> filters{{
      ExplainUpdateType,
      FilterSetting{
          "updateTypes", &Settings::updateTypes,
-         [](const Settings& from, QueryPackage& to) { to.SetUpdateTypes(from.updateTypes); },
+         [](const Settings& from, QueryPackageImp& to) { to.updateTypes = from.updateTypes; },
          "--update-type",
          "Update type that is wanted, -2147483648 to 2147483647;\n"
          "99 is any. Repeatable; without it the filter is off",

@@ -15,8 +15,9 @@
 #include "model/query_settings.h"
 
 namespace Vornik {
+class QueryPackageImp;
 struct PropertySource;
-}
+}  // namespace Vornik
 
 namespace Vornik::Cli {
 
@@ -35,7 +36,7 @@ struct FilterSetting {
 
   const char* name;  // in documents
   Member member;
-  void (*apply)(const QuerySettings& settings, QueryPackage& query);
+  void (*apply)(const QuerySettings& settings, QueryPackageImp& query);
   const char* option;  // switches the filter off, or adds an item to the list
   const char* help;
   const char* offBecause;  // one sentence

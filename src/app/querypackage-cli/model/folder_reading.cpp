@@ -18,18 +18,19 @@ namespace {
 
 namespace fs = boost::filesystem;
 
-void AddFile(const DescriptorFile& file, IsWanted isWanted, FolderReading& folder) {
-  DescriptorReading reading = ReadDescriptor(file.path, file.type);
+void AddFile(FolderContents::File file, FolderReading& folder) {
+  DescriptorReading& reading = file.reading;
   if (reading.fault == DescriptorFault::None) {
     if (reading.kind == DescriptorKind::Pack) {
       folder.repository.Add(
           KovuPackEntry{file.path, MembersOfPack(file.path, std::move(reading.properties))});
-    } else if (isWanted == nullptr || isWanted(reading.properties.front())) {
+    } else {
       folder.repository.Add(PackageXmlEntry{file.path, std::move(reading.properties.front())});
     }
     reading.properties.clear();
   }
-  folder.files.push_back({file.path, file.name, std::move(reading)});
+  std::string name = fs::path(file.path).filename().string();
+  folder.files.push_back({std::move(file.path), std::move(name), std::move(reading)});
 }
 
 }  // namespace
@@ -44,10 +45,18 @@ FolderListing ListDescriptors(const std::string& folder) {
       const fs::file_type type = entry->status(unknown).type();
       listing.files.push_back({path.string(), path.filename().string(), type});
     }
-  } catch (const boost::system::system_error& error) {
-    listing.walkFailure = error.what();
+  } catch (const boost::system::system_error&) {
+    listing.failure = std::current_exception();
   }
   return listing;
+}
+
+std::string FailureText(const std::exception_ptr& failure) {
+  try {
+    std::rethrow_exception(failure);
+  } catch (const boost::system::system_error& error) {
+    return error.what();
+  }
 }
 
 std::vector<FolderEntry> ListEntries(const std::string& folder) {
@@ -68,30 +77,26 @@ std::vector<FolderEntry> ListEntries(const std::string& folder) {
   return entries;
 }
 
-bool IsLoadFault(DescriptorFault fault) {
-  switch (fault) {
-    case DescriptorFault::Empty:
-    case DescriptorFault::TooLarge:
-    case DescriptorFault::NestedTooDeep:
-    case DescriptorFault::TooManyAttributes:
-    case DescriptorFault::TooManyProperties:
-    case DescriptorFault::NotWellFormed:
-      return true;
-    default:
-      return false;
-  }
-}
-
-FolderReading ReadFolder(const std::string& folder, IsWanted isWanted) {
+FolderContents ReadContents(const std::string& folder) {
   FolderListing listing = ListDescriptors(folder);
-  FolderReading reading;
-  for (const DescriptorFile& file : listing.files) AddFile(file, isWanted, reading);
-  reading.walkFailure = std::move(listing.walkFailure);
-  return reading;
+  FolderContents contents;
+  for (DescriptorFile& file : listing.files) {
+    DescriptorReading reading = ReadDescriptor(file.path, file.type);
+    contents.files.push_back({std::move(file.path), std::move(reading)});
+  }
+  contents.failure = std::move(listing.failure);
+  return contents;
 }
 
-FolderReading ReadFolderOf(const QuerySettings& settings, IsWanted isWanted) {
-  return HasValidParameters(settings) ? ReadFolder(settings.folder, isWanted) : FolderReading();
+FolderContents ReadContentsOf(const QuerySettings& settings) {
+  return HasValidParameters(settings) ? ReadContents(settings.folder) : FolderContents();
+}
+
+FolderReading Load(FolderContents contents) {
+  FolderReading folder;
+  for (FolderContents::File& file : contents.files) AddFile(std::move(file), folder);
+  if (contents.failure) folder.walkFailure = FailureText(contents.failure);
+  return folder;
 }
 
 bool HasValidParameters(const QuerySettings& settings) {

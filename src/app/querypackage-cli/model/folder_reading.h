@@ -6,6 +6,7 @@
 
 #include <boost/filesystem/file_status.hpp>
 #include <cstdint>
+#include <exception>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -14,6 +15,7 @@
 #include "model/query_settings.h"
 #include "model/repository.h"
 #include "reading/descriptor_reading.h"
+#include "reading/folder_contents.h"
 
 namespace Vornik::Cli {
 
@@ -24,12 +26,15 @@ struct DescriptorFile {
 };
 
 struct FolderListing {
-  std::vector<DescriptorFile> files;       // every file of the right extension
-  std::optional<std::string> walkFailure;  // why the listing ended early; a query then fails too
+  std::vector<DescriptorFile> files;  // every file of the right extension
+  std::exception_ptr failure;         // what ended it early, where a query fails; null: nothing
 };
 
 // Throws std::bad_alloc only.
 FolderListing ListDescriptors(const std::string& folder);
+
+// What ended a listing early, for a person.
+std::string FailureText(const std::exception_ptr& failure);
 
 // An entry of a folder, by which a change of the folder is found. Size and time are those of a
 // descriptor: a query does not read other files, and the program's own output may go to one.
@@ -53,23 +58,22 @@ struct RepositoryFile {
   DescriptorReading reading;  // its properties are in the repository
 };
 
-// Why an XML document does not load, as opposed to one that contains nothing to read.
-bool IsLoadFault(DescriptorFault fault);
-
 struct FolderReading {
   std::vector<RepositoryFile> files;  // in the listing's order
   Repository repository;
   std::optional<std::string> walkFailure;
 };
 
-// Whether an individual descriptor of these properties is wanted in the repository.
-using IsWanted = bool (*)(const SupXmlProperties& properties);
-
-// Throws std::bad_alloc only. isWanted: null: all of them are.
-FolderReading ReadFolder(const std::string& folder, IsWanted isWanted = nullptr);
+// Throws std::bad_alloc only.
+FolderContents ReadContents(const std::string& folder);
 
 // The same for the folder of a query. Empty where the query is refused before it reads.
-FolderReading ReadFolderOf(const QuerySettings& settings, IsWanted isWanted = nullptr);
+FolderContents ReadContentsOf(const QuerySettings& settings);
+
+// What a query loads of it.
+FolderReading Load(FolderContents contents);
+
+inline FolderReading ReadFolder(const std::string& folder) { return Load(ReadContents(folder)); }
 
 // Whether a query of these settings passes the parameter check.
 bool HasValidParameters(const QuerySettings& settings);

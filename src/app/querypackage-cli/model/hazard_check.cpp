@@ -8,6 +8,7 @@
 #include "inspection/descriptor_inspection.h"
 #include "model/literals.h"
 #include "records/driver_files.h"
+#include "records/pack_members.h"
 #include "records/pack_selection.h"
 #include "text/letter_case.h"
 
@@ -60,13 +61,34 @@ Hazard UnclassifiedIn(const std::string& file, const SupXmlProperties& propertie
           GetPropertyValues(PropertyName::driverFilesClassification, properties).size()};
 }
 
-// Of the entries from an index on. packFile: that of their pack; empty: they have none.
-std::optional<Hazard> UnclassifiedAmong(const std::vector<PackageXmlEntry>& entries,
-                                        std::size_t begin, const std::string& packFile) {
-  for (std::size_t i = begin; i < entries.size(); ++i) {
-    const auto& [file, properties] = entries[i];
-    if (!EndsProcess(properties)) continue;
-    return UnclassifiedIn(packFile.empty() ? file : packFile, properties);
+bool EndsProcess(const SupXmlProperties& properties) {
+  return ReadDriverFiles(properties).unclassifiedIndex.has_value();
+}
+
+bool IsLoaded(const FolderContents::File& file, DescriptorKind kind) {
+  return file.reading.fault == DescriptorFault::None && file.reading.kind == kind;
+}
+
+std::vector<KovuPackEntry> PacksOf(const FolderContents& contents) {
+  std::vector<KovuPackEntry> packs;
+  for (const FolderContents::File& file : contents.files) {
+    if (!IsLoaded(file, DescriptorKind::Pack)) continue;
+    packs.push_back({file.path, MembersOfPack(file.path, file.reading.properties)});
+  }
+  return packs;
+}
+
+std::optional<Hazard> UnclassifiedInChosenPack(const QuerySettings& settings,
+                                               const FolderContents& contents) {
+  const std::vector<KovuPackEntry> packs = PacksOf(contents);
+  const auto chosen = ChosenPack(EvaluatePacks(packs, settings.machineType, settings.osValue));
+  if (!chosen) return std::nullopt;
+  // The first member is the pack itself, and its driver files are never read.
+  const std::vector<PackageXmlEntry>& members = packs[*chosen].members;
+  for (std::size_t i = 1; i < members.size(); ++i) {
+    if (EndsProcess(members[i].properties)) {
+      return UnclassifiedIn(packs[*chosen].kovuXmlFile, members[i].properties);
+    }
   }
   return std::nullopt;
 }
@@ -77,27 +99,21 @@ std::string Place(const Hazard& hazard) {
 
 }  // namespace
 
-bool EndsProcess(const SupXmlProperties& properties) {
-  return ReadDriverFiles(properties).unclassifiedIndex.has_value();
-}
-
-std::optional<Hazard> FindHazard(const QuerySettings& settings, const FolderReading& folder) {
+std::optional<Hazard> FindHazard(const QuerySettings& settings, const FolderContents& contents) {
   // The whole folder is loaded before the first record is built.
-  const auto hanging =
-      std::find_if(folder.files.begin(), folder.files.end(), [](const RepositoryFile& file) {
-        return file.reading.fault == DescriptorFault::InstanceWithoutClassName;
-      });
-  if (hanging != folder.files.end()) return InstanceHazardIn(hanging->path);
-  if (folder.walkFailure) return std::nullopt;
-
-  const std::vector<KovuPackEntry>& packs = folder.repository.kovuPackEntries();
-  const auto chosen = ChosenPack(EvaluatePacks(packs, settings.machineType, settings.osValue));
-  if (chosen) {
-    // The first member is the pack itself, and its driver files are never read.
-    const KovuPackEntry& pack = packs[*chosen];
-    if (auto hazard = UnclassifiedAmong(pack.members, 1, pack.kovuXmlFile)) return hazard;
+  for (const FolderContents::File& file : contents.files) {
+    if (file.reading.fault == DescriptorFault::InstanceWithoutClassName) {
+      return InstanceHazardIn(file.path);
+    }
   }
-  return UnclassifiedAmong(folder.repository.packageXmlEntries(), 0, "");
+  if (contents.failure) return std::nullopt;
+  if (auto hazard = UnclassifiedInChosenPack(settings, contents)) return hazard;
+  for (const FolderContents::File& file : contents.files) {
+    if (!IsLoaded(file, DescriptorKind::Individual)) continue;
+    const SupXmlProperties& properties = file.reading.properties.front();
+    if (EndsProcess(properties)) return UnclassifiedIn(file.path, properties);
+  }
+  return std::nullopt;
 }
 
 std::string Describe(const Hazard& hazard) {

@@ -7,8 +7,8 @@
 #include <optional>
 #include <string>
 
-#include "model/folder_reading.h"
 #include "model/query_settings.h"
+#include "reading/folder_contents.h"
 
 namespace Vornik::Cli {
 
@@ -26,13 +26,10 @@ struct Hazard {
   std::size_t classifications = 0;
 };
 
-// Whether a query that builds a record of these properties ends the process.
-bool EndsProcess(const SupXmlProperties& properties);
-
 // The hazard that the query of these settings would meet first, in the order in which it reads and
-// builds: folder is what it would read, the individual descriptors without this hazard aside.
-// Nothing where the query ends before it meets one.
-std::optional<Hazard> FindHazard(const QuerySettings& settings, const FolderReading& folder);
+// builds: contents is what it takes or would read. Nothing where the query ends before it meets
+// one.
+std::optional<Hazard> FindHazard(const QuerySettings& settings, const FolderContents& contents);
 
 // One line for a person: where it is, what it does and what to change.
 std::string Describe(const Hazard& hazard);

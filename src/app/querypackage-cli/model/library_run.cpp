@@ -4,9 +4,11 @@
 
 #include <iostream>
 #include <optional>
+#include <utility>
 
 #include "model/filter_table.h"
 #include "model/query_parameters.h"
+#include "querypackageimp.h"
 #include "reading/descriptor_files.h"
 
 namespace Vornik::Cli {
@@ -49,19 +51,23 @@ std::string ParameterAdvice(const QuerySettings& settings) {
   return "try again";
 }
 
-void ApplySettings(const QuerySettings& settings, QueryPackage& query) {
-  query.SetXMLPackageFolder(settings.folder);
-  query.SetPlatform(settings.osValue, settings.arcValue, settings.machineType);
+void ApplySettings(const QuerySettings& settings, QueryPackageImp& query) {
+  query.xmlPackageFolder = settings.folder;
+  query.machineType = settings.machineType;
+  query.osValue = settings.osValue;
+  query.arcValue = settings.arcValue;
   for (const Filter* filter : FiltersWithSetting()) filter->setting.value().apply(settings, query);
 }
 
 }  // namespace
 
-LibraryRun RunLibrary(const QuerySettings& settings, Format format) {
+LibraryRun RunLibrary(const QuerySettings& settings, Format format,
+                      std::optional<FolderContents> contents) {
   std::optional<StandardOutputTo> redirection;
   if (format == Format::Json) redirection.emplace(std::cerr);
-  QueryPackage query;
+  QueryPackageImp query;
   ApplySettings(settings, query);
+  query.contents = std::move(contents);
   LibraryRun run;
   run.code = query.RunQuery(run.records);
   if (run.code == QueryCode::InvalidParameter) std::cout << std::endl;

@@ -1,12 +1,14 @@
-// One query through the library's public surface, as the subcommands run it.
+// One query, as the subcommands run it: the library's own, which is part of the program.
 #ifndef VORNIK_CLI_MODEL_LIBRARY_RUN_H
 #define VORNIK_CLI_MODEL_LIBRARY_RUN_H
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "QueryPackage.h"
 #include "commands/options.h"
+#include "reading/folder_contents.h"
 
 namespace Vornik::Cli {
 
@@ -15,10 +17,12 @@ struct LibraryRun {
   std::vector<QueryPackageResult> records;
 };
 
-// Runs the query on an object of its own. What the library says on standard output about a wrong
+// Runs the query on an object of its own. contents: what was read of the folder, none: the query
+// reads it. What the library says on standard output about a wrong
 // parameter is ended by a line feed there, and goes to standard error under Format::Json. Throws
 // what RunQuery throws.
-LibraryRun RunLibrary(const QuerySettings& settings, Format format);
+LibraryRun RunLibrary(const QuerySettings& settings, Format format,
+                      std::optional<FolderContents> contents = std::nullopt);
 
 // What to do about a code other than QueryCode::Completed: one line.
 std::string Advice(int code, const QuerySettings& settings);

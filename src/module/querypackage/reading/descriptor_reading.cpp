@@ -1,5 +1,6 @@
 #include "descriptor_reading.h"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -43,9 +44,44 @@ DescriptorFault FaultWithoutMarker(const std::optional<std::string>& bytes) {
   return IsUtf16(*bytes) ? DescriptorFault::Utf16 : DescriptorFault::NoMarker;
 }
 
+enum class Step { Bytes, Document, Root, Content, None };
+
+// The step that a fault ends.
+Step FailingStep(DescriptorFault fault) {
+  switch (fault) {
+    case DescriptorFault::NotOpened:
+    case DescriptorFault::IsFolder:
+    case DescriptorFault::NotRegular:
+    case DescriptorFault::NotRead:
+    case DescriptorFault::NoMarker:
+    case DescriptorFault::Utf16:
+      return Step::Bytes;
+    case DescriptorFault::Empty:
+    case DescriptorFault::TooLarge:
+    case DescriptorFault::NestedTooDeep:
+    case DescriptorFault::TooManyAttributes:
+    case DescriptorFault::TooManyProperties:
+    case DescriptorFault::NotWellFormed:
+      return Step::Document;
+    case DescriptorFault::NoRoot:
+      return Step::Root;
+    case DescriptorFault::NoProperties:
+    case DescriptorFault::NoInstances:
+    case DescriptorFault::InstanceWithoutClassName:
+      return Step::Content;
+    case DescriptorFault::None:
+      break;
+  }
+  return Step::None;
+}
+
 }  // namespace
 
+bool IsLoadFault(DescriptorFault fault) { return FailingStep(fault) == Step::Document; }
+
 DescriptorReader::DescriptorReader(std::string path) : path_(std::move(path)) {}
+DescriptorReader::DescriptorReader(std::string path, DescriptorReading reading)
+    : path_(std::move(path)), reading_(std::move(reading)), isRead_(true) {}
 DescriptorReader::DescriptorReader(DescriptorReader&&) noexcept = default;
 DescriptorReader& DescriptorReader::operator=(DescriptorReader&&) noexcept = default;
 DescriptorReader::~DescriptorReader() = default;
@@ -67,6 +103,7 @@ bool DescriptorReader::Use(FileReading file) {
 }
 
 bool DescriptorReader::ParseDocument(DescriptorKind kind, Positions positions) {
+  if (isRead_) return FailingStep(reading_.fault) > Step::Document;
   if (!bytes_) return false;
   if (bytes_->empty()) return Fail(DescriptorFault::Empty);
   reading_.fault = DescriptorFault::None;
@@ -80,10 +117,12 @@ bool DescriptorReader::ParseDocument(DescriptorKind kind, Positions positions) {
 }
 
 bool DescriptorReader::FindRoot() {
+  if (isRead_) return FailingStep(reading_.fault) > Step::Root;
   return document_->Root() != nullptr || Fail(DescriptorFault::NoRoot);
 }
 
 bool DescriptorReader::ReadProperties() {
+  if (isRead_) return FailingStep(reading_.fault) > Step::Content;
   SupXmlProperties properties = Vornik::ReadProperties(document_->Root());
   if (properties.empty()) return Fail(DescriptorFault::NoProperties);
   reading_.properties.push_back(std::move(properties));
@@ -91,18 +130,25 @@ bool DescriptorReader::ReadProperties() {
 }
 
 bool DescriptorReader::CollectInstances() {
+  if (isRead_) return FailingStep(reading_.fault) > Step::Content;
   if (!document_->CollectInstances()) return Fail(DescriptorFault::InstanceWithoutClassName);
   return !document_->Instances().empty() || Fail(DescriptorFault::NoInstances);
 }
 
-bool DescriptorReader::HasNextInstance() const {
-  return nextInstance_ < document_->Instances().size();
+bool DescriptorReader::HasNextInstance() const { return nextInstance_ < InstanceCount(); }
+
+std::size_t DescriptorReader::InstanceCount() const {
+  return isRead_ ? reading_.properties.size() + reading_.emptyInstances.size()
+                 : document_->Instances().size();
 }
 
 bool DescriptorReader::ReadNextInstance() {
-  SupXmlProperties properties = Vornik::ReadProperties(document_->Instances()[nextInstance_++]);
+  const std::size_t index = nextInstance_++;
+  std::vector<std::size_t>& empty = reading_.emptyInstances;
+  if (isRead_) return !std::binary_search(empty.begin(), empty.end(), index);
+  SupXmlProperties properties = Vornik::ReadProperties(document_->Instances()[index]);
   if (properties.empty()) {
-    ++reading_.emptyInstances;
+    empty.push_back(index);
     return false;
   }
   reading_.properties.push_back(std::move(properties));

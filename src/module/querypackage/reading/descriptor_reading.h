@@ -56,6 +56,9 @@ enum class DescriptorFault {
   InstanceWithoutClassName,  // its first attribute is not CLASSNAME
 };
 
+// Why a document does not load, as opposed to one that contains nothing to read.
+bool IsLoadFault(DescriptorFault fault);
+
 struct DescriptorReading {
   DescriptorMarkers markers;
   DescriptorKind kind = DescriptorKind::Neither;
@@ -67,7 +70,10 @@ struct DescriptorReading {
 
   // One list for an individual descriptor; one for each instance of a pack that has properties.
   std::vector<SupXmlProperties> properties;
-  std::size_t emptyInstances = 0;  // of a pack: passed over, since they have no property
+
+  // Of a pack: the instances without a property, which are passed over; each as its index among
+  // all.
+  std::vector<std::size_t> emptyInstances;
 };
 
 // A query needs no position, and tracking them costs.
@@ -76,6 +82,11 @@ enum class Positions { Ignored, Tracked };
 class DescriptorReader {
  public:
   explicit DescriptorReader(std::string path);
+
+  // Takes the steps of a reading again, without the file: ParseDocument as the reading's own kind.
+  // There is no document then.
+  DescriptorReader(std::string path, DescriptorReading reading);
+
   DescriptorReader(DescriptorReader&&) noexcept;
   DescriptorReader& operator=(DescriptorReader&&) noexcept;
   ~DescriptorReader();
@@ -116,12 +127,14 @@ class DescriptorReader {
  private:
   bool Use(FileReading file);
   bool Fail(DescriptorFault fault);
+  std::size_t InstanceCount() const;
 
   std::string path_;
   std::optional<std::string> bytes_;
   std::unique_ptr<CimXmlDocument> document_;
   std::size_t nextInstance_ = 0;
   DescriptorReading reading_;
+  bool isRead_ = false;  // reading_ is complete from the start
 };
 
 }  // namespace Vornik

@@ -67,17 +67,29 @@ TEST(PackagePaths, SeparatorIsThePlatformsPreferredOne) {
 #endif
 }
 
-#ifdef _WIN32
+TEST(PackagePaths, BackslashEndsAFolder) {
+  EXPECT_EQ(MemberPath("C:\\pkgs\\P.xml", "m1.xml", '\\'), "C:\\pkgs\\m1.xml");
+  EXPECT_EQ(MemberPath("C:\\pkgs/sub\\P.xml", "m1.xml", '\\'), "C:\\pkgs\\sub\\m1.xml");
+  EXPECT_EQ(MemberPath("\\\\server\\share\\P.xml", "m.xml", '\\'), "\\\\server\\share\\m.xml");
+  EXPECT_EQ(FileStem("C:\\pkgs\\pack_a.xml", '\\'), "pack_a");
+  EXPECT_EQ(FileStem("C:\\pkgs.d\\pack", '\\'), "pack");
+  EXPECT_EQ(FileStem("C:\\pkgs\\", '\\'), ".");
+  EXPECT_TRUE(IsSelfInstance("C:\\pkgs\\P.xml", "P.xml", '\\'));
+  EXPECT_FALSE(IsSelfInstance("C:\\pkgs\\P.xml", "p.xml", '\\'));
+  EXPECT_FALSE(IsSelfInstance("C:\\pkgs\\P.xml", "pkgs\\P.xml", '\\'));
+}
 
-TEST(PackagePaths, BackslashAndDriveEndAFolder) {
-  EXPECT_EQ(MemberPath("C:\\pkgs\\P.xml", "m1.xml"), "C:\\pkgs\\m1.xml");
+#ifdef _WIN32
+TEST(PackagePaths, DriveEndsAFolder) {
   EXPECT_EQ(MemberPath("C:\\P.xml", "m.xml"), "C:\\\\m.xml");
-  EXPECT_EQ(MemberPath("\\\\server\\share\\P.xml", "m.xml"), "\\\\server\\share\\m.xml");
-  EXPECT_EQ(FileStem("C:\\pkgs\\pack_a.xml"), "pack_a");
   EXPECT_EQ(FileStem("C:pack_a.xml"), "pack_a");
-  EXPECT_TRUE(IsSelfInstance("C:\\pkgs\\P.xml", "P.xml"));
   EXPECT_TRUE(IsSelfInstance("C:P.xml", "P.xml"));
-  EXPECT_FALSE(IsSelfInstance("C:\\pkgs\\P.xml", "p.xml"));
+}
+#else
+TEST(PackagePaths, BackslashIsALetterOnThisSystem) {
+  EXPECT_EQ(FileStem("dir\\pack_a.xml"), "dir\\pack_a");
+  EXPECT_FALSE(IsSelfInstance("dir\\P.xml", "P.xml"));
+  EXPECT_TRUE(IsSelfInstance("dir\\P.xml", "dir\\P.xml"));
 }
 
 #endif

@@ -20,6 +20,13 @@ std::string Join(const std::string& folder, const std::string& name, char separa
   return path(joined).string();
 }
 
+path PathOf(std::string text, char separator) {
+  if (separator != preferredSeparator) {
+    std::replace(text.begin(), text.end(), separator, preferredSeparator);
+  }
+  return path(text);
+}
+
 }  // namespace
 
 std::string PathInFolder(const std::string& folder, const std::string& name, char separator) {
@@ -28,16 +35,16 @@ std::string PathInFolder(const std::string& folder, const std::string& name, cha
 
 std::string MemberPath(const std::string& packPath, const std::string& xmlFilename,
                        char separator) {
-  return Join(path(packPath).parent_path().string(), xmlFilename, separator);
+  return Join(PathOf(packPath, separator).parent_path().string(), xmlFilename, separator);
 }
 
-bool IsSelfInstance(const std::string& packPath, const std::string& xmlFilename) {
-  return xmlFilename.empty() || xmlFilename == path(packPath).filename().string();
+bool IsSelfInstance(const std::string& packPath, const std::string& xmlFilename, char separator) {
+  return xmlFilename.empty() || xmlFilename == PathOf(packPath, separator).filename().string();
 }
 
 // Not path::stem, which ends the process where memory runs out.
-std::string FileStem(const std::string& file) {
-  const std::string name = path(file).filename().string();
+std::string FileStem(const std::string& file, char separator) {
+  const std::string name = PathOf(file, separator).filename().string();
   return name == "." || name == ".." ? name : name.substr(0, name.rfind('.'));
 }
 

@@ -7,7 +7,8 @@
 //   with '\\':  MemberPath("C:/pkgs/P.xml", "sub/m3.xml")  =>  "C:\\pkgs\\sub\\m3.xml"
 //               PathInFolder("C:\\pkgs\\", "p.exe")        =>  "C:\\pkgs\\\\p.exe"
 //
-// Paths are taken apart as the platform does: a backslash ends a folder on Windows only.
+// Paths are taken apart as the platform does, and at the separator: a backslash ends a folder on
+// Windows, or where it is given. The product gives none; tests of other separators do.
 #ifndef VORNIK_QUERYPACKAGE_TEXT_PATHS_H
 #define VORNIK_QUERYPACKAGE_TEXT_PATHS_H
 
@@ -34,10 +35,11 @@ std::string MemberPath(const std::string& packPath, const std::string& xmlFilena
                        char separator = preferredSeparator);
 
 // Whether an instance is the pack's own: it names no file, or the pack's file exactly.
-bool IsSelfInstance(const std::string& packPath, const std::string& xmlFilename);
+bool IsSelfInstance(const std::string& packPath, const std::string& xmlFilename,
+                    char separator = preferredSeparator);
 
 // The last component of a path without its last extension. ".xml" has an empty stem.
-std::string FileStem(const std::string& path);
+std::string FileStem(const std::string& path, char separator = preferredSeparator);
 
 // Whether a file in a folder is a descriptor by its name: it ends in ".xml", in these letters. For
 // paths of either character type. Boost's path::extension ends the process where memory runs out.

@@ -85,19 +85,10 @@ void AddSource(const PackageContext& package, PackageExplanation& explanation) {
 }
 
 void AddAnswer(const QuerySettings& settings, PackageExplanation& explanation) {
-  for (const Filter& filter : Filters()) {
-    if (filter.slot == nullptr) continue;
-    const auto status = explanation.record.*filter.slot;
-    if (status == FilterStatus::NotMatched) explanation.refusedBy.push_back(filter.id);
-    if (status == FilterStatus::NotEvaluated && Runs(filter.id, settings)) {
-      explanation.undecidedBy.push_back(filter.id);
-    }
-  }
-  if (!explanation.refusedBy.empty()) {
-    explanation.answer = Answer::Refused;
-  } else if (!explanation.undecidedBy.empty()) {
-    explanation.answer = Answer::Undecided;
-  }
+  PackageAnswer answer = AnswerFor(explanation.record, settings);
+  explanation.answer = answer.answer;
+  explanation.refusedBy = std::move(answer.refusedBy);
+  explanation.undecidedBy = std::move(answer.undecidedBy);
 }
 
 // Explains the packages of one query.

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "QueryPackage.h"
+#include "model/answer.h"
 #include "model/filter_table.h"
 #include "model/query_settings.h"
 
@@ -67,12 +68,6 @@ struct Repeat {
   std::string packageXmlFile;
   std::string kovuXmlFile;  // empty: an individual descriptor
   std::string version;
-};
-
-enum class Answer {
-  Offered,    // every filter that ran matched
-  Refused,    // by one or more filters
-  Undecided,  // refused by none, but a filter that ran lacks its data
 };
 
 enum class RemedyState {

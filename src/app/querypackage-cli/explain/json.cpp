@@ -12,18 +12,6 @@ namespace Vornik::Cli {
 
 namespace {
 
-const char* NameOf(Answer answer) {
-  switch (answer) {
-    case Answer::Offered:
-      return "offered";
-    case Answer::Refused:
-      return "refused";
-    case Answer::Undecided:
-      break;
-  }
-  return "undecided";
-}
-
 const char* NameOf(RemedyState state) {
   switch (state) {
     case RemedyState::NotNeeded:

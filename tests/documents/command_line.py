@@ -62,7 +62,8 @@ def options_in(text):
 def documented_options(document):
     common, _, explain = section(document, "## Options").partition("`explain` also takes")
     query = options_in(" ".join(first_cells(common)))
-    return {"query": query, "explain": query | options_in(" ".join(first_cells(explain))),
+    return {"list": options_in(" ".join(first_cells(section(document, "## `list`")))),
+            "query": query, "explain": query | options_in(" ".join(first_cells(explain))),
             "lint": options_in(" ".join(first_cells(section(document, "## `lint`"))))}
 
 
@@ -131,6 +132,12 @@ def compare_json(compare, document, program, repository):
     compare.contained("key of explain: documented, but not given",
                       words_of_tables(explain, "| Key |"), of_explain)
     compare.contained("key of explain: not documented", of_explain, set(WORD.findall(explain)))
+
+    listing = section(document, "## `list`")
+    of_list = keys_of(program.document("list", repository))
+    compare.contained("key of list: documented, but not given", words_of_tables(listing, "| Key |"),
+                      of_list)
+    compare.contained("key of list: not documented", of_list, set(WORD.findall(listing)))
 
     lint = section(document, "## `lint`")
     of_lint = keys_of(program.document("lint", repository))

@@ -7,6 +7,7 @@
 #include "commands/exit_status.h"
 #include "commands/explain_command.h"
 #include "commands/lint_command.h"
+#include "commands/list_command.h"
 #include "commands/parser.h"
 #include "commands/query_command.h"
 
@@ -15,13 +16,14 @@ namespace Vornik::Cli {
 namespace {
 
 constexpr const char* closingHelp = R"(Exit status:
-  0   The query ran: the verdicts are printed. explain: the package is explained. lint: no
-      finding is severe enough to fail on.
+  0   The query ran: the verdicts are printed. list: the folder is listed. explain: the package
+      is explained. lint: no finding is severe enough to fail on.
   1   explain: nothing in the folder is known by the id. lint: there are findings to fail on.
   2   The query was refused: FOLDER is no folder, the machine type is not four digits, the
       operating system or the architecture is 0, or an id is both included and excluded.
   3   The folder could not be read to its end.
   4   The folder gives no package for this machine. explain says why, and ends with 0 or 1.
+      list: no file of the folder is a package descriptor that can be read.
   64  The command line is wrong or incomplete, or the log file cannot be opened.
   65  A descriptor that the query would reach would make it hang or end the process. --trust
       skips this check.
@@ -35,6 +37,7 @@ The output is coloured on a terminal, unless NO_COLOR is set to a text that is n
 
 Example:
   querypackage-cli query packages --machine-type 1234 --os 10 --arch 9 --update-type 1
+  querypackage-cli list packages
   querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 --package orx_drv_a
   querypackage-cli lint packages --fail-on warning)";
 
@@ -57,6 +60,7 @@ int Run(int argc, char** argv) {
   CLI::App app("Which update packages of a folder apply to a machine.", "querypackage-cli");
   SetUp(app);
   std::function<int()> chosen;
+  AddListCommand(app, chosen);
   AddQueryCommand(app, chosen);
   AddExplainCommand(app, chosen);
   AddLintCommand(app, chosen);

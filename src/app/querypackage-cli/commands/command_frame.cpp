@@ -3,9 +3,12 @@
 #include <LogSettings.h>
 #include <fmt/format.h>
 
+#include <boost/filesystem/operations.hpp>
+#include <boost/system/error_code.hpp>
 #include <exception>
 #include <iostream>
 
+#include "QueryPackage.h"
 #include "commands/exit_status.h"
 #include "model/hazard_check.h"
 
@@ -22,7 +25,7 @@ std::optional<int> DirectLog(const LogOptions& log) {
 std::optional<int> RefuseHazard(const QuerySettings& settings, const FolderContents& contents) {
   const std::optional<Hazard> hazard = FindHazard(settings, contents);
   if (!hazard) return std::nullopt;
-  return Fail(ExitStatus::hazard, Describe(*hazard));
+  return Fail(ExitStatus::hazard, Describe(*hazard) + ", or skip this check with --trust");
 }
 
 int StatusOfRun(const std::function<int()>& run) {
@@ -44,6 +47,24 @@ bool Print(const std::string& text) {
 int FailToPrint() {
   return Fail(ExitStatus::outputLost,
               "standard output could not be written to its end: check where it goes");
+}
+
+bool IsFolder(const std::string& path) {
+  boost::system::error_code failed;
+  return boost::filesystem::is_directory(path, failed) && !failed;
+}
+
+int FailOnFolder(const std::string& path) {
+  return Fail(
+      QueryCode::InvalidParameter,
+      fmt::format("\"{}\" is no folder: give the folder of the descriptors as FOLDER", path));
+}
+
+int FailOnWalk(const std::string& reason) {
+  return Fail(QueryCode::FolderFailed,
+              fmt::format("the folder could not be read to its end ({}): check that it can be "
+                          "listed",
+                          reason));
 }
 
 void ReportLostLogRecords() {

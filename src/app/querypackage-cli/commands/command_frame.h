@@ -29,6 +29,13 @@ bool Print(const std::string& text);
 // Says that standard output could not be written.
 int FailToPrint();
 
+bool IsFolder(const std::string& path);
+
+// The exit status of a subcommand whose FOLDER is not a folder, or whose folder could not be listed
+// to its end, with its line printed.
+int FailOnFolder(const std::string& path);
+int FailOnWalk(const std::string& reason);
+
 // One line about log records that could not be written, if there are any.
 void ReportLostLogRecords();
 

@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <boost/filesystem/operations.hpp>
-#include <boost/system/error_code.hpp>
 #include <memory>
 #include <string>
 
@@ -42,22 +40,12 @@ std::string Render(const LintResult& result, LintFormat format) {
   return LintText(result, WantsColour());
 }
 
-bool IsFolder(const std::string& path) {
-  boost::system::error_code failed;
-  return boost::filesystem::is_directory(path, failed) && !failed;
-}
-
 bool Fails(const LintCounts& counts, Severity failOn) {
   return counts.errors != 0 || (failOn == Severity::Warning && counts.warnings != 0);
 }
 
 int StatusOf(const LintResult& result, Severity failOn) {
-  if (result.walkFailure) {
-    return Fail(QueryCode::FolderFailed,
-                fmt::format("the folder could not be read to its end ({}): check that it can be "
-                            "listed",
-                            *result.walkFailure));
-  }
+  if (result.walkFailure) return FailOnWalk(*result.walkFailure);
   const LintCounts counts = CountBySeverity(result.findings);
   if (!Fails(counts, failOn)) return ExitStatus::success;
   return Fail(ExitStatus::negative,
@@ -66,11 +54,7 @@ int StatusOf(const LintResult& result, Severity failOn) {
 }
 
 int LintFolderOf(const LintOptions& options) {
-  if (!IsFolder(options.lint.folder)) {
-    return Fail(QueryCode::InvalidParameter,
-                fmt::format("\"{}\" is no folder: give the folder of the descriptors as FOLDER",
-                            options.lint.folder));
-  }
+  if (!IsFolder(options.lint.folder)) return FailOnFolder(options.lint.folder);
   const LintResult result = Lint(options.lint);
   return Print(Render(result, options.format)) ? StatusOf(result, options.failOn) : FailToPrint();
 }

@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <vector>
+#include <utility>
 
 #include "inspection/descriptor_inspection.h"
 #include "model/literals.h"
@@ -78,19 +78,34 @@ std::vector<KovuPackEntry> PacksOf(const FolderContents& contents) {
   return packs;
 }
 
+// The first member is the pack itself, and its driver files are never read.
+std::optional<Hazard> UnclassifiedAmong(const KovuPackEntry& pack) {
+  for (std::size_t i = 1; i < pack.members.size(); ++i) {
+    const SupXmlProperties& properties = pack.members[i].properties;
+    if (EndsProcess(properties)) return UnclassifiedIn(pack.kovuXmlFile, properties);
+  }
+  return std::nullopt;
+}
+
 std::optional<Hazard> UnclassifiedInChosenPack(const QuerySettings& settings,
                                                const FolderContents& contents) {
   const std::vector<KovuPackEntry> packs = PacksOf(contents);
   const auto chosen = ChosenPack(EvaluatePacks(packs, settings.machineType, settings.osValue));
   if (!chosen) return std::nullopt;
-  // The first member is the pack itself, and its driver files are never read.
-  const std::vector<PackageXmlEntry>& members = packs[*chosen].members;
-  for (std::size_t i = 1; i < members.size(); ++i) {
-    if (EndsProcess(members[i].properties)) {
-      return UnclassifiedIn(packs[*chosen].kovuXmlFile, members[i].properties);
-    }
+  return UnclassifiedAmong(packs[*chosen]);
+}
+
+std::optional<Hazard> FirstHazardIn(const FolderContents::File& file) {
+  if (file.reading.fault == DescriptorFault::InstanceWithoutClassName) {
+    return InstanceHazardIn(file.path);
   }
-  return std::nullopt;
+  if (IsLoaded(file, DescriptorKind::Pack)) {
+    return UnclassifiedAmong({file.path, MembersOfPack(file.path, file.reading.properties)});
+  }
+  if (!IsLoaded(file, DescriptorKind::Individual)) return std::nullopt;
+  const SupXmlProperties& properties = file.reading.properties.front();
+  if (!EndsProcess(properties)) return std::nullopt;
+  return UnclassifiedIn(file.path, properties);
 }
 
 std::string Place(const Hazard& hazard) {
@@ -116,17 +131,25 @@ std::optional<Hazard> FindHazard(const QuerySettings& settings, const FolderCont
   return std::nullopt;
 }
 
+std::vector<Hazard> FindHazards(const FolderContents& contents) {
+  std::vector<Hazard> hazards;
+  for (const FolderContents::File& file : contents.files) {
+    auto hazard = FirstHazardIn(file);
+    if (hazard) hazards.push_back(std::move(*hazard));
+  }
+  return hazards;
+}
+
 std::string Describe(const Hazard& hazard) {
   if (hazard.kind == HazardKind::InstanceWithoutClassName) {
     return fmt::format(
         "{}: the first attribute of this INSTANCE is not CLASSNAME, which would keep the query "
-        "from ever returning; put CLASSNAME first, or skip this check with --trust",
+        "from ever returning; put CLASSNAME first",
         Place(hazard));
   }
   return fmt::format(
       "{}: package \"{}\" has {} \"driverFiles\" but only {} \"driverFilesClassification\" values, "
-      "which would end the process; give each driver file a classification, or skip this check "
-      "with --trust",
+      "which would end the process; give each driver file a classification",
       Place(hazard), hazard.code, hazard.driverFiles, hazard.classifications);
 }
 

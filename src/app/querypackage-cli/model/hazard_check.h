@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "model/query_settings.h"
 #include "reading/folder_contents.h"
@@ -31,7 +32,10 @@ struct Hazard {
 // one.
 std::optional<Hazard> FindHazard(const QuerySettings& settings, const FolderContents& contents);
 
-// One line for a person: where it is, what it does and what to change.
+// The first hazard of each file, whatever the query.
+std::vector<Hazard> FindHazards(const FolderContents& contents);
+
+// One line for a person, without a full stop: where it is, what it does and what to change.
 std::string Describe(const Hazard& hazard);
 
 }  // namespace Vornik::Cli

@@ -1,0 +1,31 @@
+#include "output/csv.h"
+
+namespace Vornik::Cli {
+
+namespace {
+
+void AppendField(const std::string& field, std::string& line) {
+  if (field.find_first_of(",\"\r\n") == std::string::npos) {
+    line += field;
+    return;
+  }
+  line += '"';
+  for (const char c : field) {
+    if (c == '"') line += '"';
+    line += c;
+  }
+  line += '"';
+}
+
+}  // namespace
+
+std::string CsvLine(const std::vector<std::string>& fields) {
+  std::string line;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    if (i != 0) line += ',';
+    AppendField(fields[i], line);
+  }
+  return line + '\n';
+}
+
+}  // namespace Vornik::Cli

@@ -3,7 +3,8 @@
 #   log statements are in the stages only, and each expands where it is;
 #   TinyXML is known to a few files of reading/ and inspection/, and to no interface of theirs;
 #   Boost.Filesystem is known to the stages and the few modules that deal in paths and files;
-#   a fixed text of the log is in the table of texts only.
+#   a fixed text of the log is in the table of texts only;
+#   texts are looked up in ordered containers.
 #
 #   cmake -D root=<project> -P CheckSources.cmake
 cmake_minimum_required(VERSION 3.21)
@@ -33,6 +34,15 @@ foreach(source IN LISTS sources)
     "includes reading/cimxml.h; only ${mayKnowTinyXml} may")
   require_only("${source}" "${text}" "#include <boost/filesystem" "${mayKnowFiles}"
     "includes Boost.Filesystem; only ${mayKnowFiles} may")
+endforeach()
+
+# A folder's texts can be chosen so that all of them have the same hash.
+file(GLOB_RECURSE all RELATIVE "${root}/src" "${root}/src/*.cpp" "${root}/src/*.h")
+foreach(source IN LISTS all)
+  file(READ "${root}/src/${source}" text)
+  require_only("${source}" "${text}"
+    "unordered_(multi)?(map|set)<(const )?(std::(w?string|string_view|pair|tuple)|[A-Za-z:]*path)" ""
+    "looks texts up by their hash; use an ordered container")
 endforeach()
 
 # Nor may the command line, or what src/inspection shows it.

@@ -85,8 +85,9 @@ PlainContent Read(const std::string& bytes, DescriptorKind kind, Positions posit
     CheckElement(*elements[i], content.properties[i]);
   }
   content.hasMisfit = !document.CollectInstances();
-  for (const TiXmlNode* instance : document.Instances()) {
-    content.instances.push_back(ReadProperties(instance));
+  for (std::size_t i = 0; i < document.Instances().size(); ++i) {
+    content.instances.push_back(content.hasMisfit ? ReadProperties(document.Instances()[i].node)
+                                                  : document.TakeProperties(i));
   }
   return content;
 }

@@ -1,10 +1,13 @@
 #include "inspection/descriptor_inspection.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <utility>
 
 #include "inspection/xml_places.h"
+#include "model/literals.h"
 #include "reading/cimxml.h"
+#include "text/letter_case.h"
 
 namespace Vornik {
 
@@ -42,8 +45,8 @@ std::shared_ptr<const PlacedProperty> PlacesOf(const TiXmlElement& property) {
 // Makes the packages of one document. An element that several instances share is placed once.
 class PackagePlacer {
  public:
-  void Place(const TiXmlNode& top, PlacedPackage& package) {
-    for (const TiXmlElement* element : CollectProperties(&top)) {
+  void Place(const std::vector<const TiXmlElement*>& elements, PlacedPackage& package) {
+    for (const TiXmlElement* element : elements) {
       auto& places = known_[element];
       if (places == nullptr) places = PlacesOf(*element);
       package.places.push_back(places);
@@ -60,13 +63,20 @@ std::vector<PlacedPackage> PackagesOfPack(const CimXmlDocument& document,
   std::vector<PlacedPackage> packages;
   PackagePlacer placer;
   auto list = reading.properties.begin();
-  for (const TiXmlNode* instance : document.Instances()) {
+  auto overlong = reading.overlongInstances.begin();
+  for (std::size_t i = 0; i < document.Instances().size(); ++i) {
+    const TiXmlNode& instance = *document.Instances()[i].node;
     PlacedPackage& package = packages.emplace_back();
-    package.place = PlaceOf(*instance);
-    package.className = instance->ToElement()->FirstAttribute()->Value();
-    if (const TiXmlNode* outer = OuterInstance(*instance)) package.outerLine = PlaceOf(*outer).line;
+    package.place = PlaceOf(instance);
+    package.className = instance.ToElement()->FirstAttribute()->Value();
+    if (const TiXmlNode* outer = OuterInstance(instance)) package.outerLine = PlaceOf(*outer).line;
+    if (overlong != reading.overlongInstances.end() && *overlong == i) {
+      package.hasOverlongCode = true;
+      ++overlong;
+      continue;
+    }
     if (list == reading.properties.end()) continue;
-    placer.Place(*instance, package);
+    placer.Place(document.ElementsOf(i), package);
     if (!package.places.empty()) package.properties = std::move(*list++);
   }
   return packages;
@@ -85,8 +95,30 @@ PlacedPackage PackageOfIndividual(const CimXmlDocument& document, DescriptorRead
   PlacedPackage package;
   package.place = PlaceOf(FirstInstanceOr(*document.Root()));
   package.properties = std::move(reading.properties.front());
-  PackagePlacer().Place(*document.Root(), package);
+  PackagePlacer().Place(CollectProperties(document.Root()), package);
   return package;
+}
+
+// Of the identification code that counts: the value of the last property with that name.
+TextPosition PlaceOfCode(const TiXmlNode* root) {
+  TextPosition place;
+  for (const TiXmlElement* element : CollectProperties(root)) {
+    const char* name = element->Attribute("NAME");
+    if (name == nullptr || !EqualByCLibraryFold(name, PropertyName::identificationCode)) continue;
+    const std::vector<PlacedValue> values = PlacesOf(*element)->values;
+    const auto first = std::find_if(values.begin(), values.end(),
+                                    [](const PlacedValue& value) { return value.texts != 0; });
+    if (first != values.end()) place = first->place;
+  }
+  return place;
+}
+
+void PlaceLoadFault(const PreparedXml& xml, const DescriptorReader& reader,
+                    DescriptorReading& reading) {
+  if (reading.fault != DescriptorFault::CodeTooLong) return PlaceFault(xml, reading);
+  const TextPosition place = PlaceOfCode(reader.Document().Root());
+  reading.line = place.line;
+  reading.column = place.column;
 }
 
 void ReadInstances(DescriptorReader& reader) {
@@ -110,7 +142,7 @@ void InspectDocument(DescriptorReader& reader, DescriptorInspection& inspection)
   const bool hasRoot = isParsed && reader.FindRoot();
   if (hasRoot) ReadContent(reader);
   inspection.reading = reader.TakeReading();
-  if (!isParsed) PlaceFault(xml, inspection.reading);
+  if (!isParsed) PlaceLoadFault(xml, reader, inspection.reading);
   if (!hasRoot) return;
 
   const CimXmlDocument& document = reader.Document();
@@ -148,8 +180,8 @@ DescriptorReading ReadDescriptor(const std::string& path, boost::filesystem::fil
 }
 
 std::string FaultText(const DescriptorReading& reading) {
-  static_assert(XmlLimits().nesting == 1'000 && XmlLimits().attributes == 10'000 &&
-                maxPropertyRecords == 2'000'000);
+  static_assert(XmlLimits().nesting == 1'000 && XmlLimits().attributes == 256 &&
+                maxPropertyRecords == 2'000'000 && maxCodeBytes == 4'096);
   switch (reading.fault) {
     case DescriptorFault::None:
       break;
@@ -168,9 +200,14 @@ std::string FaultText(const DescriptorReading& reading) {
     case DescriptorFault::NestedTooDeep:
       return "elements are nested more than 1,000 deep";
     case DescriptorFault::TooManyAttributes:
-      return "an element has more than 10,000 attributes";
+      return "an element has more than 256 attributes";
     case DescriptorFault::TooManyProperties:
       return "the document gives more than 2,000,000 property records";
+    case DescriptorFault::ListsTooLarge:
+      return "instances inside one another multiply the document's values or texts beyond the "
+             "limit";
+    case DescriptorFault::CodeTooLong:
+      return "the identification code has more than 4,096 bytes";
     case DescriptorFault::NotWellFormed:
       return reading.parserText;
     case DescriptorFault::NoRoot:

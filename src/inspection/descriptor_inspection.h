@@ -32,6 +32,7 @@ struct PlacedPackage {
   std::vector<std::shared_ptr<const PlacedProperty>> places;  // one for each property
   std::string className;                                      // of the INSTANCE
   std::optional<int> outerLine;  // of the nearest INSTANCE around this one
+  bool hasOverlongCode = false;  // it is passed over, so it has no properties here
 };
 
 struct InstanceWithoutClassName {

@@ -73,6 +73,28 @@ TEST_F(PackLoadingTest, EveryInstanceEmptyStillGivesAPack) {
   EXPECT_EQ(Errors(), (Lines{failed, failed}));
 }
 
+TEST_F(PackLoadingTest, InstanceWithAnOverlongCodeIsPassedOver) {
+  const auto with = [](const std::string& file, std::size_t length) {
+    return Member(file).Set("identificationCode", std::string(length, 'c'));
+  };
+  EXPECT_EQ(MemberFiles(
+                {with("P.xml", 9), with("m1.xml", 4'096), with("m2.xml", 4'097), Member("m3.xml")}),
+            (Lines{PathOf("P.xml"), PathOf("m1.xml"), PathOf("m3.xml")}));
+  EXPECT_EQ(Errors(), Lines{"Faile to load Kovu's UpdateElement XML's property value"});
+}
+
+// It never becomes a record. Of several own instances all but the last one do.
+TEST_F(PackLoadingTest, PacksOwnInstanceMayHaveACodeOfAnyLength) {
+  const Descriptor own = Member("P.xml").Set("identificationCode", std::string(5'000, 'c'));
+  EXPECT_EQ(MemberFiles({own, Member("m1.xml")}), (Lines{PathOf("P.xml"), PathOf("m1.xml")}));
+  EXPECT_EQ(Errors(), Lines{});
+  EXPECT_EQ(MemberFiles({own, Member("m1.xml"), own, Descriptor()}),
+            (Lines{PathOf("P.xml"), PathOf("m1.xml")}));
+  const std::string failed = "Faile to load Kovu's UpdateElement XML's property value";
+  EXPECT_EQ(Errors(), (Lines{failed, failed}));
+  EXPECT_EQ(MemberFiles({own, Member("P.xml")}), Lines{PathOf("P.xml")});
+}
+
 TEST_F(PackLoadingTest, EmptyInstanceIsSkippedAndTheOthersAreLoaded) {
   EXPECT_EQ(MemberFiles({Member("m1.xml"), Descriptor(), Member("m2.xml")}),
             (Lines{PathOf("m1.xml"), PathOf("m2.xml")}));

@@ -44,6 +44,18 @@ TEST_F(PackageLoadingTest, MissingFile) {
             (Lines{"3 Load Package XML file: " + path, "1 Faile to load Package XML: " + path}));
 }
 
+// The last code with a value counts, in any case of the property's name.
+TEST_F(PackageLoadingTest, OverlongCode) {
+  const std::string longest(4'096, 'c');
+  const std::string path = folder.Write("b.xml", Descriptor(longest).Individual());
+  EXPECT_TRUE(imp.LoadPackageXml(ReadingOf(path)));
+  folder.Write("b.xml", Descriptor(longest + "c").Set("identificationcode", "short").Individual());
+  EXPECT_TRUE(imp.LoadPackageXml(ReadingOf(path)));
+  imp.repository = {};
+  ExpectFailure(Descriptor("short").Set("identificationcode", longest + "c").Individual(),
+                {"Faile to load Package XML: " + PathOf("a.xml")});
+}
+
 TEST_F(PackageLoadingTest, NotWellFormed) {
   ExpectFailure("<a><b></a>", {"Faile to load Package XML: " + PathOf("a.xml")});
 }

@@ -52,6 +52,26 @@ TEST_F(ExplainAbsenceTest, EmptyFolderKnowsNothing) {
   EXPECT_EQ(document["answer"], "unknown");
 }
 
+TEST_F(ExplainAbsenceTest, CodeThatIsTooLongIsNamed) {
+  const std::string code(4097, 'c');
+  WritePackage("other");
+  folder.Write("long.xml", Package(code).Individual());
+  Json reason = OnlyReason(code);
+  EXPECT_EQ(reason["reason"], "notLoaded");
+  EXPECT_THAT(reason["text"].get<std::string>(),
+              HasSubstr("the identification code has more than 4,096 bytes"));
+  EXPECT_EQ(OnlyReason("long")["reason"], "notLoaded");
+
+  folder.Write("long.xml", Pack({Descriptor("p").Set("xmlFilename", "long.xml"), Member(code)}));
+  reason = OnlyReason(code);
+  EXPECT_EQ(reason["reason"], "codeTooLong");
+  EXPECT_EQ(reason["file"], PathOf("long.xml"));
+  EXPECT_EQ(reason["code"], code);
+
+  folder.Write("long.xml", Pack({Descriptor(code).Set("xmlFilename", "long.xml"), Member("m")}));
+  EXPECT_EQ(OnlyReason(code)["reason"], "packItself");
+}
+
 TEST_F(ExplainAbsenceTest, DescriptorThatFailsToLoadIsNamedWithTheLibrarysLine) {
   WritePackage("other");
   folder.Write("draft.xml", Truncated(Package("a")));

@@ -68,6 +68,18 @@ LintCase EmptyValueCase() {
           {id + ".xml:" + PlaceIn(text, "<VALUE> "), id + ".xml:" + PlaceIn(text, "<VALUE/>")}};
 }
 
+LintCase LongCodeCase() {
+  const std::string id = "over-limits";
+  const auto with = [&id](std::size_t length) {
+    return PutValue(SoundText(id), "identificationCode", std::string(length, 'c'));
+  };
+  return {id,
+          "code",
+          PackageFiles(id, with(4097)),
+          PackageFiles(id, with(4096)),
+          {id + ".xml:" + ValueOf(with(4097), "identificationCode")}};
+}
+
 const std::string misfit = "<INSTANCE NAME=\"x\" CLASSNAME=\"x\"";
 
 }  // namespace
@@ -78,7 +90,12 @@ std::vector<LintCase> DocumentCases() {
   return {
       BeforeEnd("over-limits", "nesting", Repeated("<x>", 1000) + Repeated("</x>", 1000),
                 Repeated("<x>", 999) + Repeated("</x>", 999), "<x>", 1000),
-      BeforeEnd("over-limits", "attributes", WithAttributes(10001), WithAttributes(10000), "<x"),
+      BeforeEnd("over-limits", "attributes", WithAttributes(257), WithAttributes(256), "<x"),
+      LongCodeCase(),
+      PackCase("instance-code-too-long",
+               PutValue(SoundInstance("instance-code-too-long-member"), "identificationCode",
+                        std::string(4097, 'c')),
+               "<INSTANCE", 2),
       BeforeEnd("not-well-formed", "attribute", "<x a=1 a=2/>", "<x a=1 b=2/>", "a=2"),
       Document("not-well-formed", "cut", cut, PlaceIn(cut + "#", "#")),
       Document("no-root", "comment", "<!-- SystemUpdateElement -->", "0:0"),

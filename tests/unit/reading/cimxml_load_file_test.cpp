@@ -44,8 +44,9 @@ PlainContent ContentOf(const std::string& path, DescriptorKind kind) {
                  Positions::Ignored);
   content.properties = ReadProperties(document.Root());
   content.hasMisfit = !document.CollectInstances();
-  for (const TiXmlNode* instance : document.Instances()) {
-    content.instances.push_back(ReadProperties(instance));
+  for (std::size_t i = 0; i < document.Instances().size(); ++i) {
+    content.instances.push_back(content.hasMisfit ? ReadProperties(document.Instances()[i].node)
+                                                  : document.TakeProperties(i));
   }
   return content;
 }

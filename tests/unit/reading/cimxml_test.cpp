@@ -160,8 +160,14 @@ TEST(ReadProperties, StaysAtAndBelowTheNode) {
       "<PROPERTY NAME='2'/></INSTANCE></INSTANCE><PROPERTY NAME='3'/></r>");
   EXPECT_TRUE(document.CollectInstances());
   ASSERT_EQ(document.Instances().size(), 2U);
-  EXPECT_EQ(Show(ReadProperties(document.Instances()[0])), "1:[]2:[]");
-  EXPECT_EQ(Show(ReadProperties(document.Instances()[1])), "2:[]");
+  EXPECT_EQ(Show(ReadProperties(document.Instances()[0].node)), "1:[]2:[]");
+  EXPECT_EQ(Show(ReadProperties(document.Instances()[1].node)), "2:[]");
+  for (const bool taken : {false, true}) {
+    for (const std::size_t i : {0U, 1U}) {
+      EXPECT_EQ(Show(taken ? document.TakeProperties(i) : document.CopyProperties(i)),
+                Show(ReadProperties(document.Instances()[i].node)));
+    }
+  }
 }
 
 TEST(ReadProperties, TakesAWholeDocumentOrNothing) {
@@ -176,8 +182,8 @@ std::string Collect(const std::string& text) {
   CimXmlDocument document = Loaded(text);
   const bool isComplete = document.CollectInstances();
   std::string classes;
-  for (const TiXmlNode* instance : document.Instances()) {
-    classes += instance->ToElement()->Attribute("CLASSNAME");
+  for (const CollectedInstance& instance : document.Instances()) {
+    classes += instance.node->ToElement()->Attribute("CLASSNAME");
   }
   return isComplete ? classes : classes + "!";
 }
@@ -291,7 +297,7 @@ TEST(ParseXml, GoesOnAfterAnEndInsideACharacter) {
 TEST(ParseLimits, StandWhereTheyAreSet) {
   const std::string attributes = [] {
     std::string text;
-    for (int i = 0; i < 10'000; ++i) text += " n" + std::to_string(i) + "=''";
+    for (int i = 0; i < 256; ++i) text += " n" + std::to_string(i) + "=''";
     return text;
   }();
   const std::string instance = "<INSTANCE CLASSNAME='c'>";
@@ -314,9 +320,8 @@ TEST(ParseLimits, StandWhereTheyAreSet) {
       {"1,001 deep", nested("<a>", "</a>", 1'001, ""), Individual, DescriptorFault::NestedTooDeep},
       {"1,001 deep, empty", nested("<a>", "</a>", 1'000, "<b/>"), Pack,
        DescriptorFault::NestedTooDeep},
-      {"10,000 attributes", "<a" + attributes + "/>", Individual, DescriptorFault::None},
-      {"10,001 attributes", "<a" + attributes + " x=''/>", Pack,
-       DescriptorFault::TooManyAttributes},
+      {"256 attributes", "<a" + attributes + "/>", Individual, DescriptorFault::None},
+      {"257 attributes", "<a" + attributes + " x=''/>", Pack, DescriptorFault::TooManyAttributes},
       {"500 x 4,000", properties(500, 4'000, ""), Pack, DescriptorFault::None},
       {"500 x 4,000, outside", properties(500, 4'000, "<PROPERTY/>"), Pack, DescriptorFault::None},
       {"500 x 4,000 + 1", properties(500, 4'000, instance + "<PROPERTY/></INSTANCE>"), Pack,
@@ -334,6 +339,52 @@ TEST(ParseLimits, StandWhereTheyAreSet) {
     EXPECT_EQ(Parse(c.text, c.kind, document).fault, c.fault) << c.what;
     EXPECT_EQ(document.Root() != nullptr, c.fault == DescriptorFault::None) << c.what;
   }
+}
+
+std::string NestedInstances(std::size_t depth, const std::string& inside) {
+  return "<r>" + Repeat("<INSTANCE CLASSNAME='c'>", depth) + inside + Repeat("</INSTANCE>", depth) +
+         "</r>";
+}
+
+std::string ListOf(std::size_t values) {
+  return "<PROPERTY.ARRAY><VALUE.ARRAY>" + Repeat("<VALUE>v</VALUE>", values) +
+         "</VALUE.ARRAY></PROPERTY.ARRAY>";
+}
+
+TEST(ParseLimits, OfWhatNestedInstancesMultiply) {
+  const std::string text = "<PROPERTY><VALUE>" + std::string(100'000, 'v') + "</VALUE></PROPERTY>";
+  const std::string name = "<PROPERTY NAME='" + std::string(100'000, 'n') + "'/>";
+  const std::string type = "<PROPERTY TYPE='" + std::string(100'000, 't') + "'/>";
+  const std::string others =
+      "<PROPERTY><VALUE a='" + std::string(100'000, 'o') + "'/></PROPERTY><x>not read</x>";
+  const struct {
+    const char* what;
+    std::string document;
+    DescriptorFault fault;
+  } cases[] = {
+      {"500 x 4,000 values", NestedInstances(500, ListOf(4'000)), DescriptorFault::None},
+      {"500 x 4,001 values", NestedInstances(500, ListOf(4'001)), DescriptorFault::ListsTooLarge},
+      {"4 x 500,001 values", NestedInstances(4, ListOf(500'001)), DescriptorFault::None},
+      {"5 x 500,001 values", NestedInstances(5, ListOf(500'001)), DescriptorFault::ListsTooLarge},
+      {"16 x a text", NestedInstances(16, text), DescriptorFault::None},
+      {"17 x a text", NestedInstances(17, text), DescriptorFault::ListsTooLarge},
+      {"16 x a name", NestedInstances(16, name), DescriptorFault::None},
+      {"17 x a name", NestedInstances(17, name), DescriptorFault::ListsTooLarge},
+      {"17 x a type", NestedInstances(17, type), DescriptorFault::ListsTooLarge},
+      {"17 x what is not read", NestedInstances(17, others), DescriptorFault::None},
+  };
+  for (const auto& [what, document, fault] : cases) {
+    CimXmlDocument pack;
+    EXPECT_EQ(Parse(document, Pack, pack).fault, fault) << what;
+    CimXmlDocument individual;
+    EXPECT_EQ(Parse(document, Individual, individual).fault, DescriptorFault::None) << what;
+  }
+}
+
+TEST(ParseLimits, NeverRefuseAPackWithoutNestedInstances) {
+  const std::string instance = NestedInstances(1, ListOf(300'000));
+  CimXmlDocument pack;
+  EXPECT_EQ(Parse("<p>" + Repeat(instance, 8) + "</p>", Pack, pack).fault, DescriptorFault::None);
 }
 
 TEST(ParseLimits, OfPropertiesReadOnce) {

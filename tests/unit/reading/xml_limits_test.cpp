@@ -12,6 +12,7 @@
 #include "plain_cimxml.h"
 #include "random_xml.h"
 #include "reading/xml_walk.h"
+#include "repeat.h"
 #include "test_random.h"
 
 namespace Vornik {
@@ -61,14 +62,27 @@ TEST(XmlLimits, StandWhereTheyAreSet) {
       {Nested(1'000), None},
       {Nested(1'001), NestedTooDeep},
       {std::string("<!-- -->") + Nested(1'001), NestedTooDeep},
-      {WithAttributes(10'000), None},
-      {WithAttributes(10'001), TooManyAttributes},
-      {"<r>" + WithAttributes(10'000) + WithAttributes(10'000) + "</r>", None},
-      {"<r>" + WithAttributes(10'000) + WithAttributes(10'001) + "</r>", TooManyAttributes},
+      {WithAttributes(256), None},
+      {WithAttributes(257), TooManyAttributes},
+      {"<r>" + WithAttributes(256) + WithAttributes(256) + "</r>", None},
+      {"<r>" + WithAttributes(256) + WithAttributes(257) + "</r>", TooManyAttributes},
   };
   for (const auto& [text, fault] : cases) {
     EXPECT_EQ(Scan(text).fault, fault) << text.size() << " bytes: " << text.substr(0, 40);
   }
+}
+
+// Of these names an element has each once at most, so a text is not walked for them.
+TEST(XmlLimits, UsualAttributesOfManyElements) {
+  const std::string usual = "<a NAME='x' TYPE='y'/>";
+  const std::string text = "<r>" + Testing::Repeat(usual, 300) + WithAttributes(254);
+  EXPECT_EQ(Scan(text + "</r>").fault, None);
+  EXPECT_EQ(Scan("<a NAME='' TYPE='' XNAME='' x:TYPE=''" + WithAttributes(253).substr(2)).fault,
+            TooManyAttributes);
+  EXPECT_EQ(Scan("<a NAME='' TYPE=''" + WithAttributes(255).substr(2)).fault, TooManyAttributes);
+  EXPECT_EQ(Scan("<a NAME='' TYPE=''" + WithAttributes(254).substr(2)).fault, None);
+  EXPECT_EQ(Scan("<r>" + Testing::Repeat(usual, 300) + WithAttributes(257)).fault,
+            TooManyAttributes);
 }
 
 TEST(XmlLimits, WithinLimits) {
@@ -176,23 +190,6 @@ TEST(XmlLimits, FindsTheDeclarationThatHasNoEnd) {
   for (const auto& [text, offset] : cases) {
     EXPECT_EQ(Scan(text).unfinishedDeclaration, offset) << testing::PrintToString(text);
   }
-}
-
-TEST(XmlLimits, NestingIsThatOfTheDeepestElement) {
-  const std::pair<std::string_view, std::size_t> cases[] = {
-      {"", 0},
-      {"<a/>", 1},
-      {"<a></a><b></b>", 1},
-      {"<a><b/></a>", 2},
-      {"<a><b><c>d</c></b><e/></a>", 3},
-      {"<a><!--<b><c>--><d/></a>", 2},
-      {"<a></b><c><d/></c></a>", 1},
-  };
-  for (const auto& [text, nesting] : cases) {
-    const std::string padded = std::string(text) + std::string(xmlTextPadding, '\0');
-    EXPECT_EQ(XmlWalk(padded.data(), {}).Run().nesting, nesting) << text;
-  }
-  EXPECT_EQ(Scan("<a><b/></a>").nesting, XmlScan::npos) << "not walked";
 }
 
 // The test instruction_budget counts what a byte costs; here a large text has to be right.

@@ -58,9 +58,14 @@ TEST(EvaluatePack, ComparesMachineTypesAndThenSystems) {
 
 SupXmlProperties PackWith(const std::string& version) { return {{"Version", "", {version}}}; }
 
-std::vector<PackResult> ResultsOf(const List& versions) {
+std::vector<SupXmlProperties> PacksOf(const List& versions) {
   std::vector<SupXmlProperties> packs(versions.size());
   std::transform(versions.begin(), versions.end(), packs.begin(), PackWith);
+  return packs;
+}
+
+// The results borrow from the packs.
+std::vector<PackResult> ResultsOf(const std::vector<SupXmlProperties>& packs) {
   std::vector<const SupXmlProperties*> pointers;
   for (const SupXmlProperties& pack : packs) pointers.push_back(&pack);
   return ChoosePack(pointers);
@@ -68,7 +73,7 @@ std::vector<PackResult> ResultsOf(const List& versions) {
 
 // The index of the chosen one; -1 if there is none.
 std::int32_t Choose(const List& versions) {
-  const auto chosen = ChosenPack(ResultsOf(versions));
+  const auto chosen = ChosenPack(ResultsOf(PacksOf(versions)));
   return chosen ? static_cast<std::int32_t>(*chosen) : -1;
 }
 
@@ -101,7 +106,8 @@ TEST(ChoosePack, VersionsAreFoldedByTheGlobalLocale) {
 }
 
 TEST(ChoosePack, SaysWhyTheOthersAreNotChosen) {
-  const auto results = ResultsOf({"2.0", "1.0", "1.5", "1.45", ""});
+  const auto packs = PacksOf({"2.0", "1.0", "1.5", "1.45", ""});
+  const auto results = ResultsOf(packs);
   EXPECT_EQ(results[0].rival, 1U);
   EXPECT_TRUE(results[0].displaced);
   EXPECT_EQ(results[0].ownVersion, std::nullopt) << "the first version is never read";
@@ -122,7 +128,8 @@ TEST(ChoosePack, SaysWhyTheOthersAreNotChosen) {
 }
 
 TEST(ChoosePack, PackWithoutAVersionDoesNotDisplaceTheFirst) {
-  const auto results = ResultsOf({"1.0", ""});
+  const auto packs = PacksOf({"1.0", ""});
+  const auto results = ResultsOf(packs);
   EXPECT_TRUE(results[0].chosen);
   EXPECT_EQ(results[1].rival, 0U);
   EXPECT_FALSE(results[1].displaced);
@@ -163,7 +170,7 @@ TEST(ChoosePack, SameAsAPlainWalk) {
       chosen = i;
       chosenVersion = some[i];
     }
-    const auto results = ResultsOf(some);
+    const auto results = ResultsOf(PacksOf(some));
     for (std::size_t i = 0; i < results.size(); ++i) {
       EXPECT_EQ(results[i].chosen, i == chosen) << testing::PrintToString(some);
       EXPECT_NE(results[i].rival.has_value(), i == chosen) << testing::PrintToString(some);

@@ -76,6 +76,7 @@ class Reasons {
     AddPacks();
     AddFilesWithOtherCode();
     AddFaultyFiles();
+    AddOverlongInstances();
     AddUnreadFiles();
     return std::move(reasons_);
   }
@@ -188,6 +189,30 @@ class Reasons {
                        EvidenceText(finding)),
            "correct the file", LogLinesOf(file)});
     }
+  }
+
+  void AddOverlongInstances() {
+    if (code_.size() <= maxCodeBytes) return;
+    for (const RepositoryFile& file : query_.model.Files()) {
+      if (file.reading.overlongInstances.empty() || HasReasonIn(file.path)) continue;
+      const CodeFinding finding = FindCodeIn(file.path, code_);
+      if (finding.evidence != CodeEvidence::IsCode && finding.evidence != CodeEvidence::IsInText) {
+        continue;
+      }
+      reasons_.push_back({"codeTooLong",
+                          finding.spelling,
+                          file.path,
+                          fmt::format("{} has an INSTANCE with this code, and passes it over: an "
+                                      "identification code has at most {} bytes.",
+                                      file.path, maxCodeBytes),
+                          "give the package a shorter code",
+                          {}});
+    }
+  }
+
+  bool HasReasonIn(const std::string& file) const {
+    return std::any_of(reasons_.begin(), reasons_.end(),
+                       [&file](const AbsenceReason& reason) { return reason.file == file; });
   }
 
   void AddUnreadFiles() {

@@ -20,6 +20,8 @@ LintId IdOf(DescriptorFault fault) {
     case DescriptorFault::NestedTooDeep:
     case DescriptorFault::TooManyAttributes:
     case DescriptorFault::TooManyProperties:
+    case DescriptorFault::ListsTooLarge:
+    case DescriptorFault::CodeTooLong:
       return LintId::OverLimits;
     default:
       return LintId::NotWellFormed;
@@ -61,7 +63,11 @@ void CheckBothMarkers(const SearchedFile& file, LintReport& report) {
 }
 
 void CheckInstance(const SearchedFile& file, const PlacedPackage& instance, LintReport& report) {
-  if (instance.properties.empty()) {
+  if (instance.hasOverlongCode) {
+    report.Add(LintId::InstanceCodeTooLong, file.name, instance.place,
+               "The identification code of this INSTANCE has more than 4,096 bytes, so it gives no "
+               "package.");
+  } else if (instance.properties.empty()) {
     report.Add(LintId::InstanceEmpty, file.name, instance.place,
                "This INSTANCE has no property, so it gives no package.");
   }

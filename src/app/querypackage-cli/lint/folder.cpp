@@ -1,7 +1,7 @@
 #include "lint/folder.h"
 
 #include <algorithm>
-#include <unordered_set>
+#include <set>
 #include <utility>
 
 #include "inspection/descriptor_inspection.h"
@@ -109,7 +109,7 @@ std::vector<const LintPackage*> AllPackages(const LintFolder& folder) {
 }
 
 std::vector<const LintPackage*> PackagesByCode(const LintFolder& folder) {
-  std::unordered_set<std::string> known{""};
+  std::set<std::string> known{""};
   std::vector<const LintPackage*> packages;
   for (const LintPackage* package : AllPackages(folder)) {
     if (known.insert(package->Code()).second) packages.push_back(package);

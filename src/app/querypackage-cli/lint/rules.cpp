@@ -83,6 +83,10 @@ constexpr LintRule table[] = {
      "The first attribute of an INSTANCE is not CLASSNAME, which would hold every query if the "
      "file were a pack.",
      "Put CLASSNAME before every other attribute."},
+    {LintId::InstanceCodeTooLong, Severity::Error, "instance-code-too-long",
+     "The identification code of an INSTANCE of a pack has more than 4,096 bytes, so it gives no "
+     "package.",
+     "Give the package a shorter code."},
     {LintId::InstanceEmpty, Severity::Warning, "instance-empty",
      "An INSTANCE of a pack has no property, so it gives no package.",
      "Write the member's properties, or remove the INSTANCE."},

@@ -38,6 +38,7 @@ enum class LintId {
   NoInstances,
   InstanceMisfit,
   InstanceMisfitUnread,
+  InstanceCodeTooLong,
   InstanceEmpty,
   InstanceNested,
   AmpersandLost,

@@ -21,8 +21,8 @@ std::string RivalText(const std::vector<KovuPackEntry>& packs, const PackResult&
   }
   if (result.displaced) {
     return fmt::format("it applies, but {} displaced it: compared as text, its version {} is {}",
-                       rival, AsCompared(*result.ownVersion),
-                       "smaller than " + AsCompared(*result.rivalVersion));
+                       rival, AsCompared(std::string(*result.ownVersion)),
+                       "smaller than " + AsCompared(std::string(*result.rivalVersion)));
   }
   if (!result.rivalVersion) {
     return fmt::format("it applies, but without a \"Version\" it cannot displace {}, found before",
@@ -31,7 +31,8 @@ std::string RivalText(const std::vector<KovuPackEntry>& packs, const PackResult&
   return fmt::format(
       "it applies, but did not displace {}: compared as text, its version {} is not greater than "
       "{}",
-      rival, AsCompared(*result.ownVersion), AsCompared(*result.rivalVersion));
+      rival, AsCompared(std::string(*result.ownVersion)),
+      AsCompared(std::string(*result.rivalVersion)));
 }
 
 std::string ListText(const char* property, const KovuPackEntry& pack, const std::string& wanted) {

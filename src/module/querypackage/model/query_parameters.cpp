@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <locale>
+#include <set>
 #include <string_view>
-#include <unordered_set>
 
 namespace Vornik {
 
@@ -11,7 +11,7 @@ namespace {
 
 ParameterCheck CheckIdLists(const std::vector<std::string>& included,
                             const std::vector<std::string>& excluded) {
-  const std::unordered_set<std::string_view> excludedSet(excluded.begin(), excluded.end());
+  const std::set<std::string_view> excludedSet(excluded.begin(), excluded.end());
   const auto shared = std::find_if(included.begin(), included.end(), [&](const std::string& id) {
     return excludedSet.count(id) != 0;
   });

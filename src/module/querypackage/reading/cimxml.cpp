@@ -25,45 +25,57 @@ std::size_t CountProperties(const TiXmlNode* root) {
   return count;
 }
 
-// After node and every parent of which it is the last child. Null after top.
-const TiXmlNode* NextAfterSubtree(const TiXmlNode* node, const TiXmlNode* top,
-                                  std::size_t& openInstances) {
-  for (;; node = node->Parent()) {
-    if (KindOfInstance(*node) == InstanceKind::Collected) --openInstances;
-    if (node == top) return nullptr;
-    if (node->NextSibling() != nullptr) return node->NextSibling();
+// Each property takes a '<' of its own, so few of them need no count.
+bool HasTooManyProperties(const std::string& text, const TiXmlNode* root) {
+  const auto elements = static_cast<std::size_t>(std::count(text.begin(), text.end(), '<'));
+  return elements > maxPropertyRecords && CountProperties(root) > maxPropertyRecords;
+}
+
+// One walk through a document. The instances that are open form a stack.
+class InstanceWalk {
+ public:
+  explicit InstanceWalk(const TiXmlNode* root) : root_(root) {}
+
+  InstanceCollection Run() {
+    for (const TiXmlNode* node = root_; node != nullptr && Visit(*node); node = Next(node)) {
+    }
+    while (!open_.empty()) CloseInstance();
+    return std::move(found_);
   }
-}
 
-// A property counts once for every collected instance around it. None where an instance keeps the
-// others from being collected.
-std::size_t CountInstanceProperties(const TiXmlNode* root) {
-  std::size_t count = 0;
-  std::size_t openInstances = 0;
-  const TiXmlNode* node = root;
-  while (node != nullptr) {
-    const InstanceKind kind = KindOfInstance(*node);
-    if (kind == InstanceKind::WithoutClassName) return 0;
-    if (kind == InstanceKind::Collected) ++openInstances;
-    if (IsProperty(*node)) count += openInstances;
-    const TiXmlNode* child = node->FirstChild();
-    node = child != nullptr ? child : NextAfterSubtree(node, root, openInstances);
+ private:
+  bool Visit(const TiXmlNode& node) {
+    const InstanceKind kind = KindOfInstance(node);
+    if (kind == InstanceKind::WithoutClassName) return found_.isComplete = false;
+    if (kind == InstanceKind::Collected) {
+      open_.push_back(found_.instances.size());
+      found_.instances.push_back({&node, found_.properties.size(), found_.properties.size()});
+    }
+    if (IsProperty(node)) {
+      found_.properties.push_back(
+          {node.ToElement(), open_.size(), open_.empty() ? 0 : open_.back()});
+    }
+    return true;
   }
-  return count;
-}
 
-std::size_t CountRecords(const TiXmlNode* root, DescriptorKind kind) {
-  return kind == DescriptorKind::Pack ? CountInstanceProperties(root) : CountProperties(root);
-}
+  const TiXmlNode* Next(const TiXmlNode* node) {
+    if (node->FirstChild() != nullptr) return node->FirstChild();
+    for (;; node = node->Parent()) {
+      if (!open_.empty() && found_.instances[open_.back()].node == node) CloseInstance();
+      if (node == root_) return nullptr;
+      if (node->NextSibling() != nullptr) return node->NextSibling();
+    }
+  }
 
-// Each property and each instance takes a '<' of its own, and records are counted at most once for
-// each pair of them that are inside one another: so few of them need no count.
-bool MayHaveTooManyRecords(const std::string& text, std::size_t nesting) {
-  const std::size_t elements = static_cast<std::size_t>(std::count(text.begin(), text.end(), '<'));
-  if (elements > maxPropertyRecords) return true;
-  const std::size_t pairs = (elements / 2) * ((elements + 1) / 2);
-  return pairs > maxPropertyRecords && nesting > maxPropertyRecords / elements;
-}
+  void CloseInstance() {
+    found_.instances[open_.back()].end = found_.properties.size();
+    open_.pop_back();
+  }
+
+  const TiXmlNode* root_;
+  std::vector<std::size_t> open_;
+  InstanceCollection found_;
+};
 
 // In place and up to the first zero byte, as TiXmlDocument::LoadFile does it, with the bytes that
 // this leaves after the new end: TinyXML steps onto them where a character reaches over that end.
@@ -124,6 +136,60 @@ SupXmlProperty ReadProperty(const TiXmlElement& element) {
   return property;
 }
 
+// A text of at most this length takes no memory of its own.
+constexpr std::size_t shortText = 15;
+
+std::size_t BytesOf(std::size_t length) { return length > shortText ? length : 0; }
+
+// What the values and texts of a property come to.
+struct ContentSize {
+  std::size_t values = 0;
+  std::size_t bytes = 0;
+};
+
+ContentSize SizeOf(const TiXmlElement& element) {
+  ContentSize size;
+  for (const TiXmlAttribute* attribute = element.FirstAttribute(); attribute != nullptr;
+       attribute = attribute->Next()) {
+    const bool isRead = std::strcmp(attribute->Name(), nameAttribute) == 0 ||
+                        std::strcmp(attribute->Name(), typeAttribute) == 0;
+    if (isRead) size.bytes += BytesOf(attribute->ValueStr().size());
+  }
+  VisitValuesOfProperty(element, [&size](const TiXmlElement& value) {
+    VisitTexts(value, [&size](const char* text) {
+      ++size.values;
+      size.bytes += BytesOf(std::strlen(text));
+    });
+  });
+  return size;
+}
+
+// Whether the lists of all instances stay within the limits. Nothing is copied for the answer.
+DescriptorFault FaultOfLists(const std::vector<InstanceProperty>& properties,
+                             std::size_t documentBytes) {
+  std::size_t records = 0;
+  bool isNested = false;
+  for (const InstanceProperty& property : properties) {
+    records += property.instances;
+    isNested = isNested || property.instances > 1;
+  }
+  if (records > maxPropertyRecords) return DescriptorFault::TooManyProperties;
+  if (!isNested) return DescriptorFault::None;
+
+  ContentSize lists;
+  std::size_t ownValues = 0;
+  for (const InstanceProperty& property : properties) {
+    const ContentSize size = SizeOf(*property.element);
+    ownValues += size.values;
+    lists.values += size.values * property.instances;
+    lists.bytes += size.bytes * property.instances;
+  }
+  const bool isTooLarge =
+      lists.values > std::max(maxListValues, maxListValuesPerValue * ownValues) ||
+      lists.bytes > maxListBytesPerByte * documentBytes;
+  return isTooLarge ? DescriptorFault::ListsTooLarge : DescriptorFault::None;
+}
+
 }  // namespace
 
 PreparedXml PrepareXml(std::string bytes) {
@@ -146,12 +212,26 @@ ParseOutcome CimXmlDocument::Parse(PreparedXml xml, DescriptorKind kind, Positio
   // A document of an unfinished declaration alone has no root, but it is not an empty one.
   if (truncatedAtDeclaration && document->NoChildren()) return {};
   if (document->Error()) return NotWellFormed(*document);
-  if (MayHaveTooManyRecords(xml.text, xml.scan.nesting) &&
-      CountRecords(document->FirstChildElement(), kind) > maxPropertyRecords) {
-    return {DescriptorFault::TooManyProperties, {}, 0, 0};
+  const DescriptorFault limit = FaultOfLimits(xml, kind, *document);
+  if (limit != DescriptorFault::None) {
+    collected_.reset();
+    return {limit, {}, 0, 0};
   }
   document_ = std::move(document);
   return {};
+}
+
+DescriptorFault CimXmlDocument::FaultOfLimits(const PreparedXml& xml, DescriptorKind kind,
+                                              const TiXmlDocument& document) {
+  const TiXmlNode* root = document.FirstChildElement();
+  if (kind != DescriptorKind::Pack) {
+    return HasTooManyProperties(xml.text, root) ? DescriptorFault::TooManyProperties
+                                                : DescriptorFault::None;
+  }
+  collected_ = InstanceWalk(root).Run();
+  // Where the instances cannot all be collected, no list is read.
+  return collected_->isComplete ? FaultOfLists(collected_->properties, xml.end)
+                                : DescriptorFault::None;
 }
 
 const TiXmlNode* CimXmlDocument::Root() const {
@@ -159,12 +239,48 @@ const TiXmlNode* CimXmlDocument::Root() const {
 }
 
 bool CimXmlDocument::CollectInstances() {
-  for (const TiXmlNode* node = Root(); node != nullptr; node = NextBelow(node, Root())) {
-    const InstanceKind kind = KindOfInstance(*node);
-    if (kind == InstanceKind::WithoutClassName) return false;
-    if (kind == InstanceKind::Collected) instances_.push_back(node);
+  if (!collected_) collected_ = InstanceWalk(Root()).Run();
+  return collected_->isComplete;
+}
+
+SupXmlProperties CimXmlDocument::CopyProperties(std::size_t instance) const {
+  SupXmlProperties properties;
+  for (const TiXmlElement* element : ElementsOf(instance)) {
+    properties.push_back(ReadProperty(*element));
   }
-  return true;
+  return properties;
+}
+
+SupXmlProperties CimXmlDocument::TakeProperties(std::size_t instance) {
+  const auto [node, begin, end] = collected_->instances[instance];
+  SupXmlProperties properties;
+  properties.reserve(end - begin);
+  for (std::size_t i = begin; i < end; ++i) {
+    const InstanceProperty& property = collected_->properties[i];
+    properties.push_back(property.instances == 1 ? ReadProperty(*property.element)
+                                                 : TakeShared(i, instance));
+  }
+  return properties;
+}
+
+SupXmlProperty CimXmlDocument::TakeShared(std::size_t property, std::size_t instance) {
+  if (shared_.empty()) shared_.resize(collected_->properties.size());
+  std::optional<SupXmlProperty>& read = shared_[property];
+  if (!read) read = ReadProperty(*collected_->properties[property].element);
+  if (collected_->properties[property].innermost != instance) return *read;
+  SupXmlProperty last = *std::move(read);
+  read.reset();
+  return last;
+}
+
+std::vector<const TiXmlElement*> CimXmlDocument::ElementsOf(std::size_t instance) const {
+  const auto [node, begin, end] = collected_->instances[instance];
+  std::vector<const TiXmlElement*> elements;
+  elements.reserve(end - begin);
+  for (std::size_t i = begin; i < end; ++i) {
+    elements.push_back(collected_->properties[i].element);
+  }
+  return elements;
 }
 
 SupXmlProperties ReadProperties(const TiXmlNode* node) {

@@ -14,6 +14,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,23 +49,56 @@ struct ParseOutcome {
   int column = 0;
 };
 
+// A PROPERTY or PROPERTY.ARRAY of a document, in or outside its instances.
+struct InstanceProperty {
+  const TiXmlElement* element;
+  std::size_t instances;  // how many of them it is in
+  std::size_t innermost;  // the index of the last of these; 0 if it is in none
+};
+
+// An INSTANCE whose first attribute is CLASSNAME. Its properties, with those of the instances
+// inside it, are the document's from begin to before end.
+struct CollectedInstance {
+  const TiXmlNode* node;
+  std::size_t begin;
+  std::size_t end;
+};
+
+// Both in document order. An element is visited once, however many instances are around it.
+struct InstanceCollection {
+  std::vector<CollectedInstance> instances;
+  std::vector<InstanceProperty> properties;
+  bool isComplete = true;  // false: it ends at an INSTANCE whose first attribute has another name
+};
+
 class CimXmlDocument {
  public:
-  // Once. Every fault leaves a document without a root. kind: which records are counted, those of
-  // one reading from the root, or of one from every instance.
+  // Once. Every fault leaves a document without a root. kind: what is limited, the records of one
+  // reading from the root, or the lists of all instances.
   ParseOutcome Parse(PreparedXml xml, DescriptorKind kind, Positions positions);
 
   // The first child that is an element; null if there is none.
   const TiXmlNode* Root() const;
 
-  // Collects every INSTANCE whose first attribute is CLASSNAME, in document order. False if it
-  // stops at one whose first attribute has another name.
+  // Collects the instances. False if it stops at one whose first attribute is not CLASSNAME.
   bool CollectInstances();
-  const std::vector<const TiXmlNode*>& Instances() const { return instances_; }
+  const std::vector<CollectedInstance>& Instances() const { return collected_->instances; }
+
+  // The properties of an instance, in document order. Take: once for each instance, in their order.
+  SupXmlProperties CopyProperties(std::size_t instance) const;
+  SupXmlProperties TakeProperties(std::size_t instance);
+  std::vector<const TiXmlElement*> ElementsOf(std::size_t instance) const;
 
  private:
+  DescriptorFault FaultOfLimits(const PreparedXml& xml, DescriptorKind kind,
+                                const TiXmlDocument& document);
+  SupXmlProperty TakeShared(std::size_t property, std::size_t instance);
+
   std::unique_ptr<TiXmlDocument> document_;
-  std::vector<const TiXmlNode*> instances_;
+  std::optional<InstanceCollection> collected_;
+  // Of properties in several instances, by their index: read once, and copied for all but the
+  // innermost instance.
+  std::vector<std::optional<SupXmlProperty>> shared_;
 };
 
 // Every PROPERTY and PROPERTY.ARRAY at or below node, in document order. Null: none.

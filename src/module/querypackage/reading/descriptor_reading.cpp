@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "cimxml.h"
+#include "model/literals.h"
+#include "text/paths.h"
 
 namespace Vornik {
 
@@ -61,6 +63,8 @@ Step FailingStep(DescriptorFault fault) {
     case DescriptorFault::NestedTooDeep:
     case DescriptorFault::TooManyAttributes:
     case DescriptorFault::TooManyProperties:
+    case DescriptorFault::ListsTooLarge:
+    case DescriptorFault::CodeTooLong:
     case DescriptorFault::NotWellFormed:
       return Step::Document;
     case DescriptorFault::NoRoot:
@@ -73,6 +77,13 @@ Step FailingStep(DescriptorFault fault) {
       break;
   }
   return Step::None;
+}
+
+constexpr std::size_t noInstance = static_cast<std::size_t>(-1);
+
+bool HasOverlongCode(const SupXmlProperties& properties) {
+  const std::string* code = FindPropertyValue(PropertyName::identificationCode, properties);
+  return code != nullptr && code->size() > maxCodeBytes;
 }
 
 }  // namespace
@@ -113,7 +124,12 @@ bool DescriptorReader::ParseDocument(DescriptorKind kind, Positions positions) {
   reading_.parserText = std::move(outcome.parserText);
   reading_.line = outcome.line;
   reading_.column = outcome.column;
-  return outcome.fault == DescriptorFault::None || Fail(outcome.fault);
+  if (outcome.fault != DescriptorFault::None) return Fail(outcome.fault);
+  if (kind == DescriptorKind::Individual) {
+    properties_ = Vornik::ReadProperties(document_->Root());
+    if (HasOverlongCode(properties_)) return Fail(DescriptorFault::CodeTooLong);
+  }
+  return true;
 }
 
 bool DescriptorReader::FindRoot() {
@@ -123,9 +139,8 @@ bool DescriptorReader::FindRoot() {
 
 bool DescriptorReader::ReadProperties() {
   if (isRead_) return FailingStep(reading_.fault) > Step::Content;
-  SupXmlProperties properties = Vornik::ReadProperties(document_->Root());
-  if (properties.empty()) return Fail(DescriptorFault::NoProperties);
-  reading_.properties.push_back(std::move(properties));
+  if (properties_.empty()) return Fail(DescriptorFault::NoProperties);
+  reading_.properties.push_back(std::move(properties_));
   return true;
 }
 
@@ -138,21 +153,46 @@ bool DescriptorReader::CollectInstances() {
 bool DescriptorReader::HasNextInstance() const { return nextInstance_ < InstanceCount(); }
 
 std::size_t DescriptorReader::InstanceCount() const {
-  return isRead_ ? reading_.properties.size() + reading_.emptyInstances.size()
-                 : document_->Instances().size();
+  if (!isRead_) return document_->Instances().size();
+  return reading_.properties.size() + reading_.emptyInstances.size() +
+         reading_.overlongInstances.size();
 }
 
 bool DescriptorReader::ReadNextInstance() {
-  const std::size_t index = nextInstance_++;
-  std::vector<std::size_t>& empty = reading_.emptyInstances;
-  if (isRead_) return !std::binary_search(empty.begin(), empty.end(), index);
-  SupXmlProperties properties = Vornik::ReadProperties(document_->Instances()[index]);
+  const std::size_t instance = nextInstance_++;
+  if (isRead_) return !IsPassedOver(instance);
+  SupXmlProperties properties = document_->TakeProperties(instance);
   if (properties.empty()) {
-    empty.push_back(index);
+    reading_.emptyInstances.push_back(instance);
+    return false;
+  }
+  if (HasOverlongCode(properties) && !IsOwnInstance(instance)) {
+    reading_.overlongInstances.push_back(instance);
     return false;
   }
   reading_.properties.push_back(std::move(properties));
   return true;
+}
+
+bool DescriptorReader::IsPassedOver(std::size_t instance) const {
+  const auto contains = [instance](const std::vector<std::size_t>& instances) {
+    return std::binary_search(instances.begin(), instances.end(), instance);
+  };
+  return contains(reading_.emptyInstances) || contains(reading_.overlongInstances);
+}
+
+bool DescriptorReader::IsOwnInstance(std::size_t instance) {
+  if (!ownInstance_) {
+    ownInstance_ = noInstance;
+    for (std::size_t i = document_->Instances().size(); i-- > 0 && ownInstance_ == noInstance;) {
+      const SupXmlProperties properties = document_->CopyProperties(i);
+      if (!properties.empty() &&
+          IsSelfInstance(path_, GetPropertyValue(PropertyName::xmlFilename, properties))) {
+        ownInstance_ = i;
+      }
+    }
+  }
+  return *ownInstance_ == instance;
 }
 
 bool DescriptorReader::Fail(DescriptorFault fault) {

@@ -28,6 +28,15 @@ class CimXmlDocument;
 // Most property records that one document may yield; nested instances multiply them.
 inline constexpr std::size_t maxPropertyRecords = 2'000'000;
 
+// What the lists of a pack with nested instances may contain: so many values, or so many for each
+// value of the document, whichever is more; and so many bytes of text for each byte of it.
+inline constexpr std::size_t maxListValues = 2'000'000;
+inline constexpr std::size_t maxListValuesPerValue = 4;
+inline constexpr std::size_t maxListBytesPerByte = 16;
+
+// Most bytes of an identification code: records contain the codes of others.
+inline constexpr std::size_t maxCodeBytes = 4'096;
+
 enum class DescriptorKind { Neither, Individual, Pack };
 
 // Why a file adds nothing to a query. Stages only distinguish the steps that fail; the rest is for
@@ -48,6 +57,8 @@ enum class DescriptorFault {
   NestedTooDeep,      // over the limits of xml_limits.h
   TooManyAttributes,  // over the limits of xml_limits.h
   TooManyProperties,  // over maxPropertyRecords
+  ListsTooLarge,      // nested instances multiply values or texts over their limits
+  CodeTooLong,        // the identification code of an individual descriptor, over maxCodeBytes
   NotWellFormed,      // see parserText
   // The document contains nothing to read.
   NoRoot,
@@ -71,9 +82,10 @@ struct DescriptorReading {
   // One list for an individual descriptor; one for each instance of a pack that has properties.
   std::vector<SupXmlProperties> properties;
 
-  // Of a pack: the instances without a property, which are passed over; each as its index among
-  // all.
+  // Of a pack: the instances that are passed over, without a property or with an identification
+  // code over maxCodeBytes; each as its index among all.
   std::vector<std::size_t> emptyInstances;
+  std::vector<std::size_t> overlongInstances;
 };
 
 // A query needs no position, and tracking them costs.
@@ -116,7 +128,8 @@ class DescriptorReader {
   // without attributes is passed over.
   bool CollectInstances();
 
-  // The properties of the next instance. Call it while there are instances left.
+  // The properties of the next instance. Call it while there are instances left. The pack's own
+  // instance, the last one of several, may have a code of any length: it never becomes a record.
   bool ReadNextInstance();
   bool HasNextInstance() const;
 
@@ -128,11 +141,15 @@ class DescriptorReader {
   bool Use(FileReading file);
   bool Fail(DescriptorFault fault);
   std::size_t InstanceCount() const;
+  bool IsPassedOver(std::size_t instance) const;
+  bool IsOwnInstance(std::size_t instance);
 
   std::string path_;
   std::optional<std::string> bytes_;
   std::unique_ptr<CimXmlDocument> document_;
+  SupXmlProperties properties_;  // of an individual descriptor, until they are in reading_
   std::size_t nextInstance_ = 0;
+  std::optional<std::size_t> ownInstance_;  // sought when it matters; noInstance: there is none
   DescriptorReading reading_;
   bool isRead_ = false;  // reading_ is complete from the start
 };

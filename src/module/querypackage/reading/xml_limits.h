@@ -19,8 +19,8 @@
 namespace Vornik {
 
 struct XmlLimits {
-  std::size_t nesting = 1'000;      // elements inside one another, the root element included
-  std::size_t attributes = 10'000;  // attributes of one element
+  std::size_t nesting = 1'000;   // elements inside one another, the root element included
+  std::size_t attributes = 256;  // attributes of one element
 };
 
 enum class XmlLimitFault { None, NestedTooDeep, TooManyAttributes };
@@ -34,9 +34,6 @@ struct XmlScan {
   // yields the same elements, and fails to load if and only if this one does; only that a document
   // without anything else is then an empty one.
   std::size_t unfinishedDeclaration = npos;
-  // How many elements are inside one another at most. npos: not known, since the text was too small
-  // to be walked.
-  std::size_t nesting = npos;
 };
 
 // Zero bytes that have to follow the text's last byte: TinyXML steps over a whole multi-byte

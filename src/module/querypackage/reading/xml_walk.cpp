@@ -145,7 +145,6 @@ void AttributeNames::Clear() {
 }
 
 XmlScan XmlWalk::Run() {
-  scan_.nesting = 0;
   const char* p = Begin();
   while (!IsEnd(p)) p = SkipSpace(Next(p));
   return scan_;
@@ -242,7 +241,6 @@ const char* XmlWalk::DeclarationEnd(const char* p, std::string& encoding) {
 
 const char* XmlWalk::StartTag(const char* p) {
   if (open_.size() == limits_.nesting) return FailLimit(XmlLimitFault::NestedTooDeep);
-  scan_.nesting = std::max(scan_.nesting, open_.size() + 1);
   const char* name = SkipSpace(p + 1);
   const char* nameEnd = NameEnd(name);
   if (IsEnd(nameEnd)) return nullptr;

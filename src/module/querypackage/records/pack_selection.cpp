@@ -1,6 +1,7 @@
 #include "records/pack_selection.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "model/literals.h"
 #include "text/bracketed_text.h"
@@ -10,6 +11,11 @@
 namespace Vornik {
 
 namespace {
+
+std::string_view VersionOf(const SupXmlProperties& pack) {
+  const std::string* version = FindPropertyValue(PropertyName::Version, pack);
+  return version == nullptr ? std::string_view() : *version;
+}
 
 // Considers packs that apply, one after the other, and writes why each of them loses.
 class PackChooser {
@@ -21,12 +27,13 @@ class PackChooser {
       chosen_ = index;
       return;
     }
-    const std::string version = GetPropertyValue(PropertyName::Version, pack);
-    const std::string chosenVersion = chosenVersion_.value_or("");
-    if (FoldByGlobalLocale(version) > FoldByGlobalLocale(chosenVersion)) {
+    const std::string_view version = VersionOf(pack);
+    std::string folded = FoldByGlobalLocale(version);
+    if (folded > foldedChosenVersion_) {
       Lose(*chosen_, index, true, chosenVersion_, version);
       chosen_ = index;
       chosenVersion_ = version;
+      foldedChosenVersion_ = std::move(folded);
     } else {
       Lose(index, *chosen_, false, version, chosenVersion_);
     }
@@ -38,8 +45,8 @@ class PackChooser {
 
  private:
   void Lose(std::size_t loser, std::size_t rival, bool displaced,
-            const std::optional<std::string>& ownVersion,
-            const std::optional<std::string>& rivalVersion) {
+            std::optional<std::string_view> ownVersion,
+            std::optional<std::string_view> rivalVersion) {
     PackResult& result = results_[loser];
     result.rival = rival;
     result.displaced = displaced;
@@ -49,7 +56,8 @@ class PackChooser {
 
   std::vector<PackResult>& results_;
   std::optional<std::size_t> chosen_;
-  std::optional<std::string> chosenVersion_;  // unset for the first pack: it is never read
+  std::optional<std::string_view> chosenVersion_;  // unset for the first pack: it is never read
+  std::string foldedChosenVersion_;                // folded once, not for each pack; empty as well
 };
 
 }  // namespace

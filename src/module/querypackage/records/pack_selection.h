@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "QueryPackage.h"
@@ -46,11 +47,12 @@ struct PackResult {
 
   // Of a pack that applies and is not chosen: the index of the pack that displaced it or that it
   // failed to displace, and the two versions that were compared. The version of the first pack that
-  // applies is never read while that one is the choice: unset.
+  // applies is never read while that one is the choice: unset. Both are borrowed from the packs'
+  // properties.
   std::optional<std::size_t> rival;
   bool displaced = false;  // it was the choice until the rival was considered
-  std::optional<std::string> ownVersion;
-  std::optional<std::string> rivalVersion;
+  std::optional<std::string_view> ownVersion;
+  std::optional<std::string_view> rivalVersion;
 };
 
 // One result for each pack, in their order; at most one is chosen. For the packs' own properties

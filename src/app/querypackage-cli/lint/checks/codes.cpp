@@ -4,7 +4,6 @@
 #include <map>
 #include <set>
 #include <string>
-#include <unordered_map>
 
 #include "lint/checks/checks.h"
 #include "model/literals.h"
@@ -129,7 +128,7 @@ class FirstDescriptions {
   }
 
   LintReport& report_;
-  std::unordered_map<std::string, const LintPackage*> firstByCode_;
+  std::map<std::string, const LintPackage*> firstByCode_;
 };
 
 void CheckShadows(const LintFolder& folder, LintReport& report) {

@@ -6,7 +6,6 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "lint/target.h"
@@ -29,7 +28,7 @@ class LintLookup {
 
  private:
   // The names in a folder, by their folded form.
-  using Listing = std::unordered_map<std::string, std::vector<std::string>>;
+  using Listing = std::map<std::string, std::vector<std::string>>;
   enum class Case { Exact, Any };
 
   const Listing& ListingOf(const std::string& folder);

@@ -1,7 +1,7 @@
 #include <fmt/format.h>
 
+#include <map>
 #include <string>
-#include <unordered_map>
 
 #include "lint/checks/checks.h"
 #include "lint/checks/rings.h"
@@ -70,7 +70,7 @@ class SupersedeChecks {
 
   std::vector<const LintPackage*> packages_;
   LintReport& report_;
-  std::unordered_map<std::string, std::size_t> firstByCode_;
+  std::map<std::string, std::size_t> firstByCode_;
   Graph graph_;
 };
 

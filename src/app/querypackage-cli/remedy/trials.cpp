@@ -76,15 +76,15 @@ Rivals Trials::RivalsOfPackage() const {
     const std::string& code = query_->records[record].identificationCode;
     if (std::find(codes.begin(), codes.end(), code) == codes.end()) codes.push_back(code);
   };
-  for (const RecordGroup& ranked : query_->supersedence->rankings) {
+  ForEachRanking(*query_->supersedence, [&](const RecordGroup& ranked) {
     const auto own = std::find(ranked.begin(), ranked.end(), index_);
-    if (own == ranked.end()) continue;
+    if (own == ranked.end()) return;
     for (auto other = ranked.begin(); other != ranked.end(); ++other) {
       if (*other == index_) continue;
       add(rivals.all, *other);
       if (other > own) add(rivals.above, *other);
     }
-  }
+  });
   return rivals;
 }
 

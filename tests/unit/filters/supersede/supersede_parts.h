@@ -51,24 +51,24 @@ class SupersedeParts {
   // As they are built, each code once.
   std::vector<CodeList> Groups() const {
     std::vector<CodeList> groups;
-    for (const RecordGroup& group : BuiltGroups()) {
-      CodeList& codes = groups.emplace_back();
-      for (const RecordIndex i : group) {
-        if (std::find(codes.begin(), codes.end(), CodeOf(i)) == codes.end()) {
-          codes.push_back(CodeOf(i));
-        }
-      }
-    }
+    for (const RecordGroup& group : BuiltGroups()) groups.push_back(CodesOf(group));
     return groups;
   }
 
   std::vector<CodeList> RankedGroups() const {
     std::vector<CodeList> groups;
-    for (const RecordGroup& group : CleanGroups(BuiltGroups(), records_, found_->excludedIds)) {
-      CodeList& codes = groups.emplace_back();
-      for (const RecordIndex i : group) codes.push_back(CodeOf(i));
+    for (const RecordGroup& group : BuiltGroups()) {
+      const RecordGroup cleaned = CleanGroup(group, found_->isExcluded);
+      if (cleaned.size() >= 2) groups.push_back(CodesOf(cleaned));
     }
     return groups;
+  }
+
+  // The records of each.
+  std::vector<RecordGroup> Rankings() const {
+    std::vector<RecordGroup> rankings;
+    ForEachRanking(*found_, [&rankings](const RecordGroup& one) { rankings.push_back(one); });
+    return rankings;
   }
 
   // The records, with the verdicts written into them.
@@ -84,8 +84,16 @@ class SupersedeParts {
  private:
   SupersedeInput Input() const { return {records_, lists_, excludedIds_, fold_}; }
   const std::string& CodeOf(RecordIndex i) const { return records_.at(i).identificationCode; }
+  CodeList CodesOf(const RecordGroup& group) const {
+    CodeList codes;
+    for (const RecordIndex i : group) codes.push_back(CodeOf(i));
+    return codes;
+  }
   std::vector<RecordGroup> BuiltGroups() const {
-    return GroupByDriverFile(records_, found_->codes, found_->byFile);
+    GroupMembers members(found_->takesPart, found_->codes, found_->byFile);
+    std::vector<RecordGroup> groups;
+    for (const RecordGroup& anchors : found_->groups) groups.push_back(members.Of(anchors));
+    return groups;
   }
 
   const LocaleFold fold_;

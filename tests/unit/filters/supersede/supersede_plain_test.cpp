@@ -209,12 +209,13 @@ void CompareRankings(const Set& set, Tally& tally) {
   const SupersedeParts product(set.records, {}, set.excludedIds);
   const auto ranked = PlainRankedGroups(set.records, set.excludedIds);
   ASSERT_EQ(product.RankedGroups(), ranked);
-  ASSERT_EQ(product.Found().rankings.size(), ranked.size());
+  const std::vector<RecordGroup> rankings = product.Rankings();
+  ASSERT_EQ(rankings.size(), ranked.size());
   tally.ranked += ranked.size();
   for (std::size_t i = 0; i < ranked.size(); ++i) {
     PlainCodes codes;
     PlainCodes versions;
-    for (const std::size_t index : product.Found().rankings[i]) {
+    for (const std::size_t index : rankings[i]) {
       codes.push_back(set.records.at(index).identificationCode);
       versions.push_back(set.records.at(index).Version);
     }

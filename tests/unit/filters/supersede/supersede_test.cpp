@@ -264,7 +264,7 @@ TEST(SupersedeRules, FewerThanTwoVersionsHaveOneOrder) {
 TEST(SupersedeRules, CodeRanksTheFirstRecordThatItFinds) {
   const SupersedeParts parts({Package("a", "5", {"x"}), Package("B", "2"), Package("A", "1", {"x"}),
                               Package("b", "9", {"x"})});
-  EXPECT_EQ(parts.Found().rankings, (std::vector<RecordGroup>{{1, 0, 0}}))
+  EXPECT_EQ(parts.Rankings(), (std::vector<RecordGroup>{{1, 0, 0}}))
       << "a matches two codes, and B matches b";
 }
 

@@ -19,12 +19,14 @@
 #define VORNIK_QUERYPACKAGE_FILTERS_SUPERSEDE_SUPERSEDE_H
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "code_index.h"
+#include "driver_groups.h"
 #include "filters/package_ids.h"
 
 namespace Vornik {
@@ -61,38 +63,29 @@ struct AppliedList {
 // By the owner's code, in byte order.
 using ListsInOrder = std::map<std::string, AppliedList>;
 
-// Which records deliver which driver files. Each driver file has a number.
-struct RecordsByDriverFile {
-  RecordsByDriverFile(const Records& all, const LocaleFold& fold);
-
-  std::map<std::string, std::size_t> numbers;     // by folded name
-  std::vector<std::vector<RecordIndex>> records;  // that deliver each, in order, each once
-  std::vector<std::vector<std::size_t>> files;    // of each record
-};
-
-// Of step 4: codes, each as the first record with exactly that code. Of step 6: the records for
-// them, by ascending version.
-using RecordGroup = std::vector<RecordIndex>;
-using RecordGroups = std::vector<RecordGroup>;
-
 // What supersedes what. Verdicts and reasons are derived from it.
 struct Supersedence {
   CodeIndex codes;
   RecordsByDriverFile byFile;
   IdSet excludedIds;
   ListsInOrder lists = {};
-  RecordGroups rankings = {};
+
+  // Of each record.
+  std::vector<bool> takesPart = {};        // in groups: it is not refused
+  std::vector<bool> isExcluded = {};       // by its code
+  std::vector<std::size_t> versions = {};  // as numbers in their order; equal ones are equal
+  std::vector<RecordGroup> groups = {};    // as anchors: see driver_groups.h
 };
 
 Supersedence ResolveSupersedence(const SupersedeInput& input);
 
-// Step 4. Without the records that are refused. A code may be in a group more than once.
-RecordGroups GroupByDriverFile(const Records& records, const CodeIndex& codes,
-                               const RecordsByDriverFile& byFile);
+// Step 5 for one group. Fewer than two codes: it is dropped.
+RecordGroup CleanGroup(RecordGroup codes, const std::vector<bool>& isExcluded);
 
-// Step 5. Without excluded and repeated codes.
-RecordGroups CleanGroups(const RecordGroups& groups, const Records& records,
-                         const IdSet& excludedIds);
+// Step 6: visits the rankings in their order, each as the records for the codes of a group, by
+// ascending version.
+using VisitRanking = std::function<void(const RecordGroup& ranking)>;
+void ForEachRanking(const Supersedence& supersedence, const VisitRanking& visit);
 
 // What is written into one record. The texts are borrowed from the input; null: the slot keeps what
 // it has.

@@ -31,16 +31,16 @@ void AddLists(RecordIndex record, const Supersedence& supersedence, SupersedeRea
 
 void AddRankings(RecordIndex record, const Supersedence& supersedence, const SupersedeInput& input,
                  SupersedeReason& reason) {
-  for (const RecordGroup& ranking : supersedence.rankings) {
+  ForEachRanking(supersedence, [&](const RecordGroup& ranking) {
     const auto last = std::find(ranking.rbegin(), ranking.rend(), record);
-    if (last == ranking.rend()) continue;
+    if (last == ranking.rend()) return;
     const auto place = static_cast<std::size_t>(ranking.rend() - last) - 1;
     reason.rankings.push_back(
         {ranking, place, {}, SharedDriverFiles(ranking, supersedence.byFile)});
     for (const RecordIndex i : ranking) {
       reason.rankings.back().versions.push_back(ComparedVersion(input.records[i], input.fold));
     }
-  }
+  });
 }
 
 void AddRivals(RecordIndex record, const Supersedence& supersedence, const SupersedeInput& input,

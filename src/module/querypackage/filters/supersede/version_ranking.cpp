@@ -1,8 +1,10 @@
 #include "version_ranking.h"
 
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <string_view>
+#include <utility>
 
 namespace Vornik {
 
@@ -52,18 +54,46 @@ std::string ComparedVersion(const QueryPackageResult& record, const LocaleFold& 
   return folded.substr(0, folded.find('\0'));
 }
 
-std::vector<std::size_t> RankVersions(const std::vector<std::string>& versions) {
-  std::map<std::string_view, Indices> places;  // of each version, ascending
-  for (std::size_t i = 0; i < versions.size(); ++i) places[versions[i]].push_back(i);
+std::vector<std::size_t> NumberVersions(const std::vector<std::string>& versions) {
+  std::map<std::string_view, std::size_t> numbers;
+  for (const std::string& version : versions) numbers.try_emplace(version, 0);
+  std::size_t next = 0;
+  for (auto& [version, number] : numbers) number = next++;
+  Indices numbered;
+  numbered.reserve(versions.size());
+  for (const std::string& version : versions) numbered.push_back(numbers[version]);
+  return numbered;
+}
+
+std::vector<std::size_t> RankNumbers(const std::vector<std::size_t>& versions) {
+  std::vector<std::pair<std::size_t, std::size_t>> places;  // version and index
+  places.reserve(versions.size());
+  for (std::size_t i = 0; i < versions.size(); ++i) places.emplace_back(versions[i], i);
+  std::sort(places.begin(), places.end());
 
   Indices order;
+  order.reserve(versions.size());
   Indices smaller(versions.size());  // the tree of the indices of smaller versions
-  for (auto& [version, equal] : places) {
-    if (equal.size() > 1) OrderEqual(equal, order.size(), smaller);
-    for (const std::size_t i : equal) AddTo(smaller, i);
+  std::size_t counted = 0;           // how many of them are in it: as many as were needed
+  for (auto begin = places.begin(); begin != places.end();) {
+    auto end = std::find_if(begin, places.end(),
+                            [begin](const auto& place) { return place.first != begin->first; });
+    if (end - begin == 1) {
+      order.push_back(begin->second);
+      ++begin;
+      continue;
+    }
+    Indices equal;
+    for (; begin != end; ++begin) equal.push_back(begin->second);
+    for (; counted < order.size(); ++counted) AddTo(smaller, order[counted]);
+    OrderEqual(equal, order.size(), smaller);
     order.insert(order.end(), equal.begin(), equal.end());
   }
   return order;
+}
+
+std::vector<std::size_t> RankVersions(const std::vector<std::string>& versions) {
+  return RankNumbers(NumberVersions(versions));
 }
 
 }  // namespace Vornik

@@ -17,9 +17,17 @@ namespace Vornik {
 // A version as it is compared: folded, and ended by its first zero byte as a C string is.
 std::string ComparedVersion(const QueryPackageResult& record, const LocaleFold& fold);
 
-// Takes versions as they are compared and returns their indices in the order that this leaves:
+// Versions as they are compared, as numbers that compare in the same way.
+//
+//   {"9", "10", "9"}  =>  {1, 0, 1}
+std::vector<std::size_t> NumberVersions(const std::vector<std::string>& versions);
+
+// Takes numbers of versions and returns their indices in the order that this leaves:
 //
 //   for each place p, for each later place q: if the version at p is greater, swap the two
+std::vector<std::size_t> RankNumbers(const std::vector<std::size_t>& versions);
+
+// The same for versions as they are compared.
 std::vector<std::size_t> RankVersions(const std::vector<std::string>& versions);
 
 }  // namespace Vornik

@@ -201,6 +201,8 @@ std::string FaultText(const DescriptorReading& reading) {
       return "elements are nested more than 1,000 deep";
     case DescriptorFault::TooManyAttributes:
       return "an element has more than 256 attributes";
+    case DescriptorFault::TooManyDepths:
+      return "too many elements are nested deep";
     case DescriptorFault::TooManyProperties:
       return "the document gives more than 2,000,000 property records";
     case DescriptorFault::ListsTooLarge:

@@ -49,6 +49,7 @@ bool IsPlacedByTheWalk(const DescriptorReading& reading) {
   switch (reading.fault) {
     case DescriptorFault::NestedTooDeep:
     case DescriptorFault::TooManyAttributes:
+    case DescriptorFault::TooManyDepths:
       return true;
     case DescriptorFault::NotWellFormed:
       return reading.line == 0;

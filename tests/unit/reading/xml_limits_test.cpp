@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <tinyxml.h>
 
+#include <algorithm>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -20,6 +21,7 @@ namespace Vornik {
 static void PrintTo(XmlLimitFault fault, std::ostream* out) {
   *out << (fault == XmlLimitFault::None            ? "None"
            : fault == XmlLimitFault::NestedTooDeep ? "NestedTooDeep"
+           : fault == XmlLimitFault::TooManyDepths ? "TooManyDepths"
                                                    : "TooManyAttributes");
 }
 
@@ -31,11 +33,14 @@ using Testing::RandomPick;
 constexpr auto None = XmlLimitFault::None;
 constexpr auto NestedTooDeep = XmlLimitFault::NestedTooDeep;
 constexpr auto TooManyAttributes = XmlLimitFault::TooManyAttributes;
+constexpr auto TooManyDepths = XmlLimitFault::TooManyDepths;
 
 XmlScan Scan(std::string_view text, const XmlLimits& limits = {}) {
   std::string padded(text);
   padded.append(xmlTextPadding, '\0');
-  const XmlScan walked = XmlWalk(padded.data(), limits).Run();
+  XmlLimits ofText = limits;
+  ofText.depths = std::max(limits.depths, limits.depthsPerByte * padded.size());
+  const XmlScan walked = XmlWalk(padded.data(), ofText).Run();
   // The scan without the walk has to find the same, for every text of these tests.
   const XmlScan scan = ScanXml(padded, limits);
   EXPECT_EQ(scan.fault, walked.fault) << testing::PrintToString(text.substr(0, 200));
@@ -70,6 +75,23 @@ TEST(XmlLimits, StandWhereTheyAreSet) {
   for (const auto& [text, fault] : cases) {
     EXPECT_EQ(Scan(text).fault, fault) << text.size() << " bytes: " << text.substr(0, 40);
   }
+}
+
+// Elements, texts and comments count with their depth, end tags do not.
+TEST(XmlLimits, DepthsOfAllElements) {
+  const std::string chain = Testing::Repeat("<a>", 999);  // 499,500
+  const std::string end = Testing::Repeat("</a>", 999);
+  const auto inside = [&](const std::string& piece, std::size_t count) {
+    return Scan(chain + Testing::Repeat(piece, count) + end).fault;
+  };
+  EXPECT_EQ(inside("<b/>", 4'500), None);
+  EXPECT_EQ(inside("<b/>", 4'501), TooManyDepths);
+  EXPECT_EQ(inside("<!---->", 4'501), TooManyDepths);
+  EXPECT_EQ(inside("<b>c</b>", 2'250), TooManyDepths);
+  EXPECT_EQ(inside("<b>" + std::string(1'000, 'c') + "</b>", 2'250), None) << "a longer text";
+  EXPECT_EQ(Scan("<r>" + Testing::Repeat("<b/>", 1'000'000) + "</r>").fault, None);
+  EXPECT_EQ(XmlWalk("<a><b/></a>\0\0\0\0\0\0\0", {9, 9, 2, 0}).Run().fault, TooManyDepths);
+  EXPECT_EQ(XmlWalk("<a><b/></a>\0\0\0\0\0\0\0", {9, 9, 3, 0}).Run().fault, None);
 }
 
 // Of these names an element has each once at most, so a text is not walked for them.
@@ -203,7 +225,7 @@ TEST(XmlLimits, LongTextHasTheSameAnswer) {
     references += "&#65;&";
     attributes += " n" + std::to_string(i) + "='&#x41;'";
   }
-  const XmlLimits unlimited{XmlScan::npos, XmlScan::npos};
+  const XmlLimits unlimited{XmlScan::npos, XmlScan::npos, XmlScan::npos, 1};
   EXPECT_EQ(Scan(opened, unlimited).fault, None);
   EXPECT_EQ(Scan(references, unlimited).fault, None);
   EXPECT_EQ(Scan(attributes, unlimited).fault, None);

@@ -19,6 +19,7 @@ LintId IdOf(DescriptorFault fault) {
     case DescriptorFault::TooLarge:
     case DescriptorFault::NestedTooDeep:
     case DescriptorFault::TooManyAttributes:
+    case DescriptorFault::TooManyDepths:
     case DescriptorFault::TooManyProperties:
     case DescriptorFault::ListsTooLarge:
     case DescriptorFault::CodeTooLong:

@@ -103,6 +103,8 @@ DescriptorFault FaultOf(XmlLimitFault fault) {
       return DescriptorFault::NestedTooDeep;
     case XmlLimitFault::TooManyAttributes:
       return DescriptorFault::TooManyAttributes;
+    case XmlLimitFault::TooManyDepths:
+      return DescriptorFault::TooManyDepths;
     case XmlLimitFault::None:
       break;
   }

@@ -62,6 +62,7 @@ Step FailingStep(DescriptorFault fault) {
     case DescriptorFault::TooLarge:
     case DescriptorFault::NestedTooDeep:
     case DescriptorFault::TooManyAttributes:
+    case DescriptorFault::TooManyDepths:
     case DescriptorFault::TooManyProperties:
     case DescriptorFault::ListsTooLarge:
     case DescriptorFault::CodeTooLong:

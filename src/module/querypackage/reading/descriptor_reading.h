@@ -56,6 +56,7 @@ enum class DescriptorFault {
   TooLarge,           // over maxFileSize
   NestedTooDeep,      // over the limits of xml_limits.h
   TooManyAttributes,  // over the limits of xml_limits.h
+  TooManyDepths,      // over the limits of xml_limits.h
   TooManyProperties,  // over maxPropertyRecords
   ListsTooLarge,      // nested instances multiply values or texts over their limits
   CodeTooLong,        // the identification code of an individual descriptor, over maxCodeBytes

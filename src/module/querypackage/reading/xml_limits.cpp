@@ -45,7 +45,9 @@ XmlScan ScanXml(std::string_view text, const XmlLimits& limits) {
   const bool isWalked = CountOf('<', text) > limits.nesting ||
                         MayHaveTooManyAttributes(text, limits.attributes) ||
                         MayContainLaterDeclaration(text);
-  XmlWalk walk(text.data(), limits);
+  XmlLimits ofText = limits;
+  ofText.depths = std::max(limits.depths, limits.depthsPerByte * text.size());
+  XmlWalk walk(text.data(), ofText);
   return isWalked ? walk.Run() : walk.RunFirstDeclaration();
 }
 

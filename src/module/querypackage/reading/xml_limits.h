@@ -10,6 +10,7 @@
 //   "<a><b/></a>"    with nesting 1     =>  NestedTooDeep
 //   "<a><b/></a>"    with nesting 2     =>  None
 //   "<a x='' y=''/>" with attributes 1  =>  TooManyAttributes
+//   "<a><b/></a>"    with depths 2      =>  TooManyDepths
 #ifndef VORNIK_QUERYPACKAGE_READING_XML_LIMITS_H
 #define VORNIK_QUERYPACKAGE_READING_XML_LIMITS_H
 
@@ -21,9 +22,13 @@ namespace Vornik {
 struct XmlLimits {
   std::size_t nesting = 1'000;   // elements inside one another, the root element included
   std::size_t attributes = 256;  // attributes of one element
+  // The depths of all elements, texts and comments together: TinyXML climbs from each of them to
+  // the document. So many for any text, and so many for each byte of a long one.
+  std::size_t depths = 5'000'000;
+  std::size_t depthsPerByte = 16;
 };
 
-enum class XmlLimitFault { None, NestedTooDeep, TooManyAttributes };
+enum class XmlLimitFault { None, NestedTooDeep, TooManyAttributes, TooManyDepths };
 
 struct XmlScan {
   static constexpr std::size_t npos = static_cast<std::size_t>(-1);

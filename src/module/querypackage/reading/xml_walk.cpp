@@ -146,7 +146,7 @@ void AttributeNames::Clear() {
 
 XmlScan XmlWalk::Run() {
   const char* p = Begin();
-  while (!IsEnd(p)) p = SkipSpace(Next(p));
+  while (!IsEnd(p)) p = SkipSpace(AddDepth(p) ? Next(p) : nullptr);
   return scan_;
 }
 
@@ -193,6 +193,13 @@ const char* XmlWalk::Reference(const char* p, std::string* value) {
   const char* end = ReferenceEnd(p, value);
   if (end == p + 1) ReportDropped(p);
   return end;
+}
+
+bool XmlWalk::AddDepth(const char* p) {
+  if (p[0] == '<' && p[1] == '/') return true;
+  depths_ += open_.size() + 1;
+  if (depths_ > limits_.depths) FailLimit(XmlLimitFault::TooManyDepths);
+  return scan_.fault == XmlLimitFault::None;
 }
 
 const char* XmlWalk::Next(const char* p) {

@@ -57,6 +57,7 @@ class XmlWalk {
   virtual void ReportDropped(const char* /*ampersand*/) {}
 
  private:
+  bool AddDepth(const char* p);  // false: over the limit
   const char* NextCharacter(const char* p, std::string* value);
   const char* Reference(const char* p, std::string* value);
   const char* Text(const char* p);
@@ -75,6 +76,7 @@ class XmlWalk {
   bool encodingKnown_ = false;
   bool utf8_ = false;
   std::vector<std::string_view> open_;  // names of the elements that are open
+  std::size_t depths_ = 0;              // of what was walked
   AttributeNames attributes_;           // of the element that is being opened
   XmlScan scan_;
 };

@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "inspection/unread_markup.h"
 #include "inspection/xml_places.h"
 #include "model/literals.h"
 #include "reading/cimxml.h"
@@ -12,15 +13,6 @@
 namespace Vornik {
 
 namespace {
-
-// The nearest collected INSTANCE around the node; null if there is none.
-const TiXmlNode* OuterInstance(const TiXmlNode& node) {
-  const TiXmlNode* parent = node.Parent();
-  while (parent != nullptr && KindOfInstance(*parent) != InstanceKind::Collected) {
-    parent = parent->Parent();
-  }
-  return parent;
-}
 
 std::vector<InstanceWithoutClassName> CollectInstancesWithoutClassName(const TiXmlNode* root) {
   std::vector<InstanceWithoutClassName> found;
@@ -148,10 +140,12 @@ void InspectDocument(DescriptorReader& reader, DescriptorInspection& inspection)
   const CimXmlDocument& document = reader.Document();
   inspection.root = PlaceOf(*document.Root());
   inspection.instancesWithoutClassName = CollectInstancesWithoutClassName(document.Root());
+  inspection.unreadMarkup = CollectUnreadMarkup(*document.Root(), kind);
   if (kind == DescriptorKind::Pack) {
     inspection.packages = PackagesOfPack(document, inspection.reading);
   } else if (inspection.reading.fault == DescriptorFault::None) {
     inspection.packages.push_back(PackageOfIndividual(document, inspection.reading));
+    inspection.individualInstances = CollectIndividualInstances(*document.Root());
   }
   inspection.reading.properties.clear();
 }

@@ -40,6 +40,26 @@ struct InstanceWithoutClassName {
   std::string firstAttribute;
 };
 
+// Something that looks as if it were read and is not, so that text is lost.
+struct UnreadMarkup {
+  enum class Kind {
+    InstanceWithoutAttributes,  // in a pack, with a property
+    InstanceCase,               // the same, of an INSTANCE in another case
+    ElementCase,                // a property or value element in another case
+    ValueMisplaced,             // a VALUE directly in an array, or a VALUE.ARRAY in a PROPERTY
+    PropertyUnnamed,            // no attribute NAME, in this case
+  };
+  Kind kind = Kind::ElementCase;
+  TextPosition place;
+  std::string element;           // its name
+  std::optional<int> outerLine;  // of the nearest INSTANCE around it that is read
+};
+
+struct IndividualInstance {
+  TextPosition place;
+  std::string code;  // empty if it has none
+};
+
 struct DescriptorInspection {
   // As in a query, with the place of a fault. The properties are in packages.
   DescriptorReading reading;
@@ -53,6 +73,12 @@ struct DescriptorInspection {
   // One for an individual descriptor with properties; one for each instance of a pack that a query
   // collects, with or without properties.
   std::vector<PlacedPackage> packages;
+
+  // Of an individual descriptor with several instances: those that contain a property, without
+  // those inside another one.
+  std::vector<IndividualInstance> individualInstances;
+
+  std::vector<UnreadMarkup> unreadMarkup;  // in document order
 
   // All of them; a query never gets past the first one in a pack.
   std::vector<InstanceWithoutClassName> instancesWithoutClassName;

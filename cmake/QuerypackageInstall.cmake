@@ -22,3 +22,5 @@ install(FILES
   DESTINATION "${packageDir}")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/repository"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/querypackage")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/share/querypackage/schemas"
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/querypackage")

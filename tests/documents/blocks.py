@@ -83,7 +83,7 @@ def check_descriptor(program, block):
         lint = subprocess.run([program, "lint", name], stdout=subprocess.PIPE,
                               stderr=subprocess.DEVNULL, timeout=120)
         found = lint.stdout.decode()
-        return [] if lint.returncode == 0 and "in 1 descriptor file." in found else [found]
+        return [] if lint.returncode == 0 and "in 1 descriptor file" in found else [found]
 
 
 def check(root, program, block, handling):

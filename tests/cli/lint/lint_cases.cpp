@@ -52,8 +52,8 @@ std::string Value(const std::string& value) { return "<VALUE>" + EscapeXml(value
 
 std::vector<LintCase> AllLintCases() {
   std::vector<LintCase> all;
-  for (const auto group : {FileCases, DocumentCases, PropertyCases, CodeCases, PlatformCases,
-                           DriverCases, PackCases, PackageFileCases}) {
+  for (const auto group : {FileCases, DocumentCases, MarkupCases, PropertyCases, CodeCases,
+                           PlatformCases, DriverCases, PackCases, PackageFileCases}) {
     for (LintCase& one : group()) {
 #ifdef _WIN32
       if (one.needsCase) continue;

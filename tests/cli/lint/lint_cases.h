@@ -27,6 +27,7 @@ struct LintCase {
 
 std::vector<LintCase> FileCases();
 std::vector<LintCase> DocumentCases();
+std::vector<LintCase> MarkupCases();
 std::vector<LintCase> PropertyCases();
 std::vector<LintCase> CodeCases();
 std::vector<LintCase> PlatformCases();

@@ -10,6 +10,11 @@ using testing::StartsWith;
 
 class LintCommandTest : public LintTest {
  protected:
+  Json RunJson(Arguments arguments) {
+    arguments.insert(arguments.end(), {"--format", "json"});
+    return Json::parse(RunCli(arguments).out);
+  }
+
   // One error: the payload is missing.
   void WriteError() { folder.Write("a.xml", SoundText("a")); }
 
@@ -38,6 +43,57 @@ TEST_F(LintCommandTest, SeverityDecidesTheExitStatus) {
   EXPECT_EQ(Lint({"--fail-on", "warning"}).status, 1);
 }
 
+TEST_F(LintCommandTest, InfoFailsAndNeverDoesNot) {
+  WriteInfo();
+  EXPECT_EQ(Lint({"--fail-on", "info"}).status, 1);
+  WriteError();
+  EXPECT_EQ(Lint({"--fail-on", "info"}).status, 1);
+  const Outcome outcome = Lint({"--fail-on", "never"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_THAT(outcome.out, HasSubstr("[payload-missing]"));
+}
+
+TEST_F(LintCommandTest, OnlyTheNamedFindingsAreReportedAndCounted) {
+  WriteError();
+  WriteWarning();
+  WriteInfo();
+  EXPECT_EQ(IdsIn(LintJson({"--only", "ampersand-lost", "--only", "number-trailing-text"})),
+            (std::set<std::string>{"ampersand-lost", "number-trailing-text"}));
+  EXPECT_EQ(Lint({"--only", "ampersand-lost"}).status, 0);
+  EXPECT_EQ(Lint({"--only", "payload-missing"}).status, 1);
+  EXPECT_EQ(Lint({"--only", "payload-missing", "--ignore", "payload-missing"}).status, 0);
+  EXPECT_EQ(LintJson({"--only", "payload-missing"})["only"], Json::array({"payload-missing"}));
+}
+
+TEST_F(LintCommandTest, FilesSelectTheirFindingsOfTheWholeFolder) {
+  WriteError();
+  WriteWarning();
+  for (const std::string& file : {std::string("b.xml"), std::string("./b.xml"), PathOf("b.xml")}) {
+    const Json document = RunJson({"lint", folder.Path(), file});
+    EXPECT_EQ(IdsIn(document), std::set<std::string>{"ampersand-lost"}) << file;
+    EXPECT_EQ(document["files"], 2) << "the folder is read whole";
+    EXPECT_EQ(document["selectedFiles"], Json::array({"b.xml"}));
+  }
+  EXPECT_EQ(RunCli({"lint", folder.Path(), "b.xml"}).status, 0);
+  EXPECT_EQ(RunCli({"lint", folder.Path(), "b.xml", "a.xml"}).status, 1);
+  const Outcome outcome = RunCli({"lint", folder.Path(), "gone.xml"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "querypackage-cli: \"gone.xml\" is no file of \"" + folder.Path() +
+                             "\": give files of the folder after it\n");
+}
+
+// A file selects what its package has in common with its other descriptions.
+TEST_F(LintCommandTest, FileSelectsAFindingThatItSharesWithAnother) {
+  folder.Write("m.xml", SoundText("m"));
+  folder.Write("p.xml", PackText({OwnInstance("p.xml"), SoundInstance("m")}));
+  for (const char* file : {"m.xml", "p.xml"}) {
+    EXPECT_EQ(IdsIn(RunJson({"lint", folder.Path(), file})),
+              std::set<std::string>{"payload-missing"});
+  }
+}
+
 TEST_F(LintCommandTest, ErrorFailsWhereNoWarningIs) {
   WriteError();
   EXPECT_EQ(Lint({"--fail-on", "warning"}).status, 1);
@@ -48,8 +104,8 @@ TEST_F(LintCommandTest, FailureComesWithALineOnStandardError) {
   WriteWarning();
   for (const char* format : {"text", "json", "sarif"}) {
     EXPECT_EQ(Lint({"--format", format}).err,
-              "querypackage-cli: the folder has 1 error, 1 warning, 0 infos: mend them, or leave "
-              "out a finding with --ignore\n");
+              "querypackage-cli: the folder has 1 error, 1 warning, 0 infos: fix them, or omit a "
+              "finding with --ignore\n");
   }
 }
 
@@ -61,7 +117,8 @@ TEST_F(LintCommandTest, IgnoredFindingsAreLeftOutAndDoNotCount) {
   const Outcome outcome =
       Lint({"--ignore", "payload-missing", "--ignore", "ampersand-lost", "--fail-on", "warning"});
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.out, "0 errors, 0 warnings, 0 infos in 2 descriptor files.\n");
+  EXPECT_EQ(outcome.out,
+            "0 errors, 0 warnings, 0 infos in 2 descriptor files" + ReadAs("windows") + ".\n");
   EXPECT_EQ(LintJson({"--ignore", "payload-missing"})["ignored"], Json::array({"payload-missing"}));
 }
 
@@ -71,10 +128,11 @@ TEST_F(LintCommandTest, WrongOrIncompleteLinesAreRefused) {
     const char* says;
   } cases[] = {
       {{"lint"}, "FOLDER"},
-      {{"lint", "a", "b"}, "b"},
       {{"lint", "a", "--format", "table"}, "--format"},
       {{"lint", "a", "--target", "dos"}, "--target"},
-      {{"lint", "a", "--fail-on", "info"}, "--fail-on"},
+      {{"lint", "a", "--fail-on", "note"}, "--fail-on"},
+      {{"lint", "a", "--only", "no-such-id"}, "\"no-such-id\" is not the id of a finding"},
+      {{"lint", "a", "--baseline"}, "--baseline"},
       {{"lint", "a", "--ignore", "no-such-id"}, "\"no-such-id\" is not the id of a finding"},
       {{"lint", "a", "--ignore", ""}, "--ignore"},
       {{"lint", "a", "--ignore", "[utf-16]"}, "--ignore"},
@@ -98,8 +156,9 @@ TEST_F(LintCommandTest, WrongOrIncompleteLinesAreRefused) {
 
 TEST_F(LintCommandTest, HelpNamesEveryOption) {
   const std::string help = RunCli({"lint", "--help"}).out;
-  for (const char* part : {"FOLDER", "--format", "--target", "--fail-on", "--ignore", "--explain",
-                           "sarif", "windows", "posix", "\n  1 "}) {
+  for (const char* part :
+       {"FOLDER", "--format", "--target", "--fail-on", "--ignore", "--explain", "FILE", "--only",
+        "--baseline", "--write-baseline", "never", "sarif", "windows", "posix", "\n  1 "}) {
     EXPECT_THAT(help, HasSubstr(part));
   }
 }

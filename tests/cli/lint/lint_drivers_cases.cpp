@@ -81,6 +81,52 @@ LintCase RingCase() {
           {id + "-a.xml" + place, id + "-b.xml" + place, id + "-c.xml" + place}};
 }
 
+// The last one's list is applied last and keeps it; in the sound folder it is applied first.
+LintCase ChainCase(const std::string& what, const std::string& newest, const std::string& older,
+                   const std::string& soundNewest) {
+  const std::string id = "supersede-chain";
+  const auto text = [&id](const std::string& name, const std::string& listed) {
+    return PutValues(SoundText(id + name), "supersede", {id + listed});
+  };
+  const LintFiles chain =
+      PackageFiles(id + older, text(older, "-oldest")) + SoundPackage(id + "-oldest");
+  const std::string faulty = text(newest, older);
+  return {id,
+          what,
+          chain + PackageFiles(id + newest, faulty),
+          chain + PackageFiles(id + soundNewest, text(soundNewest, older)),
+          {id + newest + ".xml:" + ValueOf(faulty, "supersede")}};
+}
+
+LintCase OverriddenCase() {
+  const std::string id = "supersede-overridden";
+  const auto text = [&id](const std::string& suffix, const std::string& version) {
+    return PutValue(PutValues(SoundText(id + suffix), files, {"one.sys-#1"}), "Version", version);
+  };
+  const auto newer = [&](const std::string& version) {
+    return PutValues(text("", version), "supersede", {id + "-OLD"});
+  };
+  const LintFiles older = PackageFiles(id + "-old", text("-old", "9.0"));
+  return {id,
+          "",
+          PackageFiles(id, newer("10.1")) + older,
+          PackageFiles(id, newer("9.1")) + older,
+          {id + ".xml:" + ValueOf(newer("10.1"), "supersede")}};
+}
+
+LintCase RequirementCase(const std::string& list) {
+  const std::string id = "requirement-unknown";
+  const std::string sound = PutValues(SoundText(id), list, {"Requirement-Unknown-There"});
+  const std::string faulty =
+      PutValues(SoundText(id), list, {"Requirement-Unknown-There", "requirement-unknown-gone"});
+  const LintFiles there = SoundPackage("requirement-unknown-there");
+  return {id,
+          list,
+          PackageFiles(id, faulty) + there,
+          PackageFiles(id, sound) + there,
+          {id + ".xml:" + ValueOf(faulty, list, 1)}};
+}
+
 // A pack's own instance beside another one becomes a package; alone its driver files are not read.
 LintCase OwnInstanceCase() {
   const std::string id = "classifications-missing";
@@ -111,6 +157,8 @@ std::vector<LintCase> DriverCases() {
       UnparsedCase("one", "b.sys#1"),
       UnparsedCase("three", "b.sys-#1-#2"),
       UnparsedCase("version", "b.sys-#"),
+      VersionCase("version-order-mixed", "letters", "AB12X", "AB9X", "AB13X", "-b"),
+      VersionCase("version-order-mixed", "suffix", "1.0b10", "1.0b9", "2.0", "-b"),
       VersionCase("version-order", "major", "10.1", "9.0", "11.0", "-b"),
       VersionCase("version-order", "minor", "1.10", "1.9", "1.90", "-b"),
       VersionCase("version-order", "machines", "10.1", "9.0", "9.0", "-b", "11"),
@@ -120,6 +168,10 @@ std::vector<LintCase> DriverCases() {
       ListCase("supersede-unknown", "supersede-unknown-gone", "supersede-unknown-there"),
       ListCase("supersede-self", "Supersede-SELF", "supersede-self-other"),
       RingCase(),
+      ChainCase("order", "-a", "-b", "-c"),
+      OverriddenCase(),
+      RequirementCase("preReq"),
+      RequirementCase("coReq"),
   };
 }
 

@@ -94,6 +94,16 @@ std::vector<LintCase> FileCases() {
   const std::string otherId = "extension-other";
   const std::string subId = "in-subfolder";
   std::vector<LintCase> cases{
+      {"no-descriptors",
+       "empty",
+       {{"no-descriptors.txt", "x"}},
+       SoundPackage("no-descriptors"),
+       {PlaceOfFile(".")}},
+      {"no-descriptors",
+       "broken",
+       {{"no-descriptors.xml", "<a/>"}},
+       SoundPackage("no-descriptors"),
+       {PlaceOfFile(".")}},
       {caseId,
        "",
        {{caseId + ".XML", SoundText(caseId)}},

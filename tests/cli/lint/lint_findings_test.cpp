@@ -33,12 +33,12 @@ INSTANTIATE_TEST_SUITE_P(Lint, LintFindingTest, testing::ValuesIn(AllLintCases()
 
 class LintFolderTest : public LintTest {};
 
-// Ids that no folder of this system can have.
+// Ids that no folder of this system can have beside others.
 std::set<std::string> ImpossibleHere() {
 #ifdef _WIN32
-  return {"name-collision"};
+  return {"name-collision", "no-descriptors"};
 #else
-  return {};
+  return {"no-descriptors"};
 #endif
 }
 
@@ -48,7 +48,7 @@ TEST_F(LintFolderTest, FolderWithEveryMistakeHasEveryFinding) {
   for (const std::string& id : ImpossibleHere()) known.erase(id);
   std::set<std::string> written;
   for (const LintCase& one : AllLintCases()) {
-    if (written.insert(one.id).second) WriteFiles(one.faulty);
+    if (one.id != "no-descriptors" && written.insert(one.id).second) WriteFiles(one.faulty);
   }
   EXPECT_EQ(written, known) << "every finding has a case, and no case is of another";
   std::set<std::string> found = IdsIn(LintJson());
@@ -58,17 +58,22 @@ TEST_F(LintFolderTest, FolderWithEveryMistakeHasEveryFinding) {
 
 TEST_F(LintFolderTest, SoundFolderHasNoFinding) {
   WriteFiles(SoundPackage("a") + SoundPackage("b") +
-             PackFiles("pack", OwnInstance("pack.xml"), SoundInstance("pack-member")));
+             LintFiles{{"pack.xml", PackText({OwnInstance("pack.xml"), SoundInstance("a"),
+                                              SoundInstance("b")})}});
   for (const char* target : {"windows", "posix"}) {
     const Outcome outcome = Lint({"--target", target, "--fail-on", "warning"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
-    EXPECT_EQ(outcome.out, "0 errors, 0 warnings, 0 infos in 4 descriptor files.\n");
+    EXPECT_EQ(outcome.out,
+              "0 errors, 0 warnings, 0 infos in 3 descriptor files" + ReadAs(target) + ".\n");
   }
 }
 
-TEST_F(LintFolderTest, EmptyFolderHasNoFinding) {
-  EXPECT_EQ(Lint().out, "0 errors, 0 warnings, 0 infos in 0 descriptor files.\n");
+TEST_F(LintFolderTest, EmptyFolderFails) {
+  EXPECT_EQ(PlacesOf("no-descriptors"), std::vector<std::string>{".:0:0"});
+  const Outcome outcome = Lint();
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.out, testing::StartsWith(folder.Path() + ": error: No file of the folder"));
 }
 
 }  // namespace

@@ -43,6 +43,14 @@ std::string LintTest::TextOf(const std::string& id, const Arguments& more) {
   return texts.empty() ? "" : texts.front();
 }
 
+std::string ReadAs(const std::string& target) {
+#ifdef _WIN32
+  return target == "windows" ? "" : ", read as on POSIX";
+#else
+  return target == "windows" ? ", read as on Windows" : "";
+#endif
+}
+
 std::vector<std::string> PlacesIn(const Json& document, const std::string& id) {
   std::vector<std::string> places;
   for (const Json& finding : document["findings"]) {

@@ -27,6 +27,9 @@ class LintTest : public CliTest {
   std::string TextOf(const std::string& id, const Arguments& more = {});
 };
 
+// What the closing line says about a target: nothing for the system of the test.
+std::string ReadAs(const std::string& target);
+
 std::vector<std::string> PlacesIn(const Json& document, const std::string& id);
 
 // Each once.

@@ -40,14 +40,22 @@ TEST_F(LintOutputTest, TextHasTwoLinesForEachFindingAndAClosingOne) {
                 ": warning: The file holds neither \"ORXQDL_SystemUpdateProduct\" nor "
                 "\"SystemUpdateElement\", so it is no descriptor. [no-marker]\n    Give the "
                 "INSTANCE the class name of its kind, or move the file away.\n"
-                "1 error, 1 warning, 0 infos in 2 descriptor files.\n");
+                "no-marker: 1 warning\ntype-not-number: 1 error\n"
+                "1 error, 1 warning, 0 infos in 2 descriptor files" +
+                ReadAs("windows") + ".\n");
 }
 
 TEST_F(LintOutputTest, JsonHasItsKeysInOrder) {
   WriteTwo();
   const Json document = LintJson();
-  EXPECT_THAT(KeysOf(document), ElementsAre("folder", "target", "ignored", "files", "complete",
-                                            "errors", "warnings", "infos", "findings"));
+  EXPECT_THAT(KeysOf(document),
+              ElementsAre("folder", "target", "ignored", "files", "complete", "errors", "warnings",
+                          "infos", "findings", "schemaVersion", "only", "selectedFiles", "summary",
+                          "known", "fixed"));
+  EXPECT_EQ(document["schemaVersion"], 2);
+  EXPECT_EQ(document["summary"],
+            Json::parse(R"([{"id": "no-marker", "severity": "warning", "count": 1},
+                            {"id": "type-not-number", "severity": "error", "count": 1}])"));
   EXPECT_EQ(document["folder"], folder.Path());
   EXPECT_EQ(document["target"], "windows");
   EXPECT_EQ(document["ignored"], Json::array());
@@ -65,7 +73,9 @@ TEST_F(LintOutputTest, JsonHasItsKeysInOrder) {
                                   {"line", std::stoi(place)},
                                   {"column", std::stoi(place.substr(place.find(':') + 1))},
                                   {"text", typeText},
-                                  {"remedy", typeRemedy}})
+                                  {"remedy", typeRemedy},
+                                  {"code", "a"},
+                                  {"also", Json::array()}})
                                 .dump());
   EXPECT_EQ(document["findings"][1]["line"], 0);
 }
@@ -109,18 +119,41 @@ TEST_F(LintOutputTest, SarifNamesRulesResultsAndPlaces) {
 
 #ifndef _WIN32
 // Of the whole document: the members of each object, their types, URIs and levels.
-void ExpectValidSarif(const std::string& text) {
+void ExpectValid(const std::string& schema, const std::string& text) {
   const TempFolder work;
-  const std::string tests = ProjectFile("tests/cli/");
   const Outcome outcome =
-      RunProgram("/usr/bin/env", {"python3", tests + "validate_json.py",
-                                  tests + "lint/sarif.schema.json", work.Write("log.json", text)});
+      RunProgram("/usr/bin/env", {"python3", ProjectFile("tests/cli/validate_json.py"),
+                                  ProjectFile(schema), work.Write("document.json", text)});
   EXPECT_EQ(outcome.status, 0) << outcome.out << outcome.err;
 }
 #else
 // Python is no program for Windows here; the document is the same.
-void ExpectValidSarif(const std::string& /*text*/) {}
+void ExpectValid(const std::string& /*schema*/, const std::string& /*text*/) {}
 #endif
+
+void ExpectValidSarif(const std::string& text) {
+  ExpectValid("tests/cli/lint/sarif.schema.json", text);
+}
+
+void ExpectValidJson(const std::string& text) {
+  ExpectValid("share/querypackage/schemas/lint.schema.json", text);
+}
+
+TEST_F(LintOutputTest, JsonOfEveryFindingIsValid) {
+  ExpectValidJson(Lint({"--format", "json"}).out);
+  for (const LintCase& one : AllLintCases()) WriteFiles(one.faulty);
+  const TempFolder work;
+  const std::string baseline = work.Write("baseline.json", "");
+  Lint({"--only", "payload-missing", "--write-baseline", baseline});
+  boost::filesystem::remove(boost::filesystem::path(folder.Path()) / "payload-missing.xml");
+  for (const char* target : {"windows", "posix"}) {
+    ExpectValidJson(Lint({"--format", "json", "--target", target}).out);
+  }
+  const Outcome outcome = Lint({"--format", "json", "--baseline", baseline, "--ignore", "utf-16"});
+  EXPECT_FALSE(Json::parse(outcome.out)["known"].empty());
+  EXPECT_FALSE(Json::parse(outcome.out)["fixed"].empty());
+  ExpectValidJson(outcome.out);
+}
 
 TEST_F(LintOutputTest, DocumentsSayWhenTheFolderWasNotReadToItsEnd) {
   Cli::LintResult result;

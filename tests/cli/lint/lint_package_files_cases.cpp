@@ -56,6 +56,11 @@ std::vector<LintCase> PackageFileCases() {
       NameCase(outside, "deep", "payload", "sub\\..\\..\\x.exe", outside + ".exe"),
       SharedCase(),
       SharedByOneCase(),
+      {"files-unnamed",
+       "",
+       SoundPackage("files-unnamed") + LintFiles{{"files-unnamed.bin", "x"}},
+       SoundPackage("files-unnamed") + LintFiles{{"files-unnamed/x.bin", "x"}},
+       {".:0:0"}},
   };
 }
 

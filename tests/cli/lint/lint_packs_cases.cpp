@@ -20,6 +20,19 @@ LintCase OwnMissingCase(const std::string& what, const std::string& fileName) {
           {id + ".xml:" + PlaceIn(PackText({other}), "<INSTANCE")}};
 }
 
+// The own instance's name differs in case, and a member comes before it and is lost.
+LintCase OwnCaseCase() {
+  const std::string id = "pack-own-missing";
+  const std::string own = OwnInstance(id + ".xml");
+  const std::string other = PutValue(own, "xmlFilename", "Pack-Own-Missing.xml");
+  const std::string member = SoundInstance(id + "-member");
+  return {id,
+          "case behind",
+          PackFiles(id, member, other),
+          PackFiles(id, member, own),
+          {id + ".xml:" + PlaceIn(PackText({member, other}), "<INSTANCE", 2)}};
+}
+
 // The last own instance is the pack's; those before it become packages.
 LintCase OwnRepeatedCase() {
   const std::string id = "pack-own-repeated";
@@ -81,6 +94,7 @@ std::vector<LintCase> PackCases() {
   return {
       OwnMissingCase("other", "pack-own-missing-member.xml"),
       OwnMissingCase("case", "Pack-Own-Missing.xml"),
+      OwnCaseCase(),
       OwnRepeatedCase(),
       ListMissingCase("types", Drop(own, types), PlaceIn(PackText({own}), "<INSTANCE")),
       ListMissingCase("systems", noSystem, ElementOf(PackText({noSystem}), systems)),

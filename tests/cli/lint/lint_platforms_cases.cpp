@@ -54,6 +54,39 @@ LintCase UnreachableCase(const std::string& what, const std::string& text) {
           {id + ".xml:" + ElementOf(text, "orderedMachineTypeList")}};
 }
 
+// A package beside a pack that lists another one.
+LintCase UnlistedCase() {
+  const std::string id = "package-unlisted";
+  const std::string own = OwnInstance(id + "-pack.xml");
+  const auto pack = [&](const std::string& code) {
+    return LintFiles{{id + "-pack.xml", PackText({own, SoundInstance(code)})}};
+  };
+  return {id,
+          "",
+          SoundPackage(id) + SoundPackage(id + "-b") + pack(id + "-b"),
+          SoundPackage(id) + pack(id),
+          {id + ".xml:" + ValueOf(SoundText(id), "identificationCode")}};
+}
+
+// A package that a pack for other machines lists, beside a pack for its own machine type.
+LintCase ListedElsewhereCase(const std::string& what, const std::string& list,
+                             const std::string& faulty, const std::string& sound) {
+  const std::string id = "package-listed-elsewhere";
+  const std::string file = id + ".xml";
+  const LintFiles other{
+      {id + "-other.xml", PackText({PutValues(OwnInstance(id + "-other.xml"),
+                                              "applicableOperatingSystems", {"12"})})}};
+  const auto pack = [&](const std::string& value) {
+    const std::string own = PutValues(OwnInstance(file), list, {value});
+    return PackText({own, SoundInstance(id + "-member")});
+  };
+  return {id,
+          what,
+          LintFiles{{file, pack(faulty)}} + other,
+          LintFiles{{file, pack(sound)}} + other,
+          {file + ":" + ElementOf(pack(faulty), "orderedMachineTypeList")}};
+}
+
 // A second entry that would be reached but does not count.
 std::string SurplusEntry(const std::string& text) {
   return PutValues(text, "orderedMachineTypeList", {"9999", "1234"});
@@ -75,6 +108,9 @@ std::vector<LintCase> PlatformCases() {
       ListCase("machine-type-invalid", "five", "orderedMachineTypeList", "12345", "1234"),
       ListCase("machine-type-invalid", "name", "orderedMachineTypeList", "Desk [1234]", "1234"),
       PackListCase("machine-type-invalid", "applicableMachineTypes", "Desk [12a4]", "Desk [1235]"),
+      UnlistedCase(),
+      ListedElsewhereCase("type", "applicableMachineTypes", "Lap [5678]", "Desk [1234]"),
+      ListedElsewhereCase("system", "applicableOperatingSystems", "11", "10"),
       UnreachableCase("type", PutValues(reachText, "orderedMachineTypeList", {"9999"})),
       UnreachableCase("surplus", SurplusEntry(reachText)),
   };

@@ -91,6 +91,13 @@ LintCase UnnamedMemberCase() {
           {id + ".xml:" + PlaceIn(PackText({own, unnamed}), "<INSTANCE", 2)}};
 }
 
+LintCase MisspelledCase(const std::string& property, const std::string& sound) {
+  const std::string id = "property-misspelled";
+  const std::string text = Append(SoundText(id), property, "<VALUE>x</VALUE>");
+  return Case(id, property, text, Append(SoundText(id), sound, "<VALUE>x</VALUE>"),
+              ElementOf(text, property));
+}
+
 LintCase PackVersionCase() {
   const std::string id = "version-missing";
   const std::string own = OwnInstance(id + ".xml");
@@ -137,6 +144,10 @@ std::vector<LintCase> PropertyCases() {
       Case("version-missing", "empty", emptyVersion, SoundText("version-missing"),
            ElementOf(emptyVersion, "Version")),
       PackVersionCase(),
+      MisspelledCase("supersedes", "supersede"),
+      MisspelledCase("DRIVERFILE", "DRIVERFILES"),
+      MisspelledCase("prerEqq", "preReq"),
+      MisspelledCase("coeRq", "xCoReqx"),
       ValueCase("type-not-number", "word", "type", "driver", "1"),
       ValueCase("type-not-number", "sign", "type", "-", "-1"),
       ValueCase("number-out-of-range", "type", "type", "2147483648", "2147483647"),

@@ -25,13 +25,13 @@ class LintTextTest : public LintTest {
 TEST_F(LintTextTest, OfTwoPacksTheOneListedLastIsUsed) {
   EXPECT_EQ(ChoiceOf({"2.0", "1.0"}),
             "2 packs apply to machine type \"1234\" under operating system 10: p0.xml (\"2.0\"), "
-            "p1.xml (\"1.0\"). Of these, p0.xml is used, or p1.xml if the folder's listing gives "
+            "p1.xml (\"1.0\"). Of these, p0.xml is used, or p1.xml if the folder's listing has "
             "p0.xml first.");
 }
 
 TEST_F(LintTextTest, OfThreePacksTheGreatestTextIsUsedUnlessItIsListedFirst) {
   EXPECT_THAT(ChoiceOf({"10.0", "9.0", "8.0"}),
-              EndsWith("Of these, p1.xml is used, or p2.xml if the folder's listing gives p1.xml "
+              EndsWith("Of these, p1.xml is used, or p2.xml if the folder's listing has p1.xml "
                        "first."));
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "inspection/dropped_ampersands.h"
+#include "lint/markup.h"
 #include "model/folder_reading.h"
 #include "model/literals.h"
 #include "output/wording.h"
@@ -82,8 +83,9 @@ void CheckInstance(const SearchedFile& file, const PlacedPackage& instance, Lint
 
 void CheckPack(const SearchedFile& file, LintReport& report) {
   const DescriptorInspection& inspection = file.inspection;
-  CheckBothMarkers(file, report);
+  // The classes of the instances after the fault are not known.
   if (inspection.reading.fault == DescriptorFault::InstanceWithoutClassName) return;
+  CheckBothMarkers(file, report);
   if (inspection.reading.fault == DescriptorFault::NoInstances) {
     report.Add(LintId::NoInstances, file.name, inspection.root,
                "The pack has no INSTANCE that begins with CLASSNAME, so nothing of it is read.");
@@ -127,6 +129,7 @@ void CheckDocument(const SearchedFile& file, LintReport& report) {
   } else {
     CheckIndividual(file, report);
   }
+  CheckMarkup(file, report);
   CheckAmpersands(file, report);
 }
 

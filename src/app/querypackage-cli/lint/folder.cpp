@@ -10,6 +10,7 @@
 #include "model/folder_reading.h"
 #include "model/literals.h"
 #include "records/pack_members.h"
+#include "text/letter_case.h"
 
 namespace Vornik::Cli {
 
@@ -23,9 +24,32 @@ std::vector<DescriptorFile> ListByName(LintFolder& folder) {
   return std::move(listing.files);
 }
 
+// The index of the only member for which the test is true.
+template <typename Test>
+std::optional<std::size_t> OnlyMember(const LintPack& pack, Test test) {
+  const auto& members = pack.members;
+  const auto first = std::find_if(members.begin(), members.end(), test);
+  if (first == members.end()) return std::nullopt;
+  if (std::find_if(first + 1, members.end(), test) != members.end()) return std::nullopt;
+  return static_cast<std::size_t>(first - members.begin());
+}
+
+// See LintPack::misnamedOwn.
+std::optional<std::size_t> FindMisnamedOwn(const LintPack& pack) {
+  if (pack.ownInstances != 0) return std::nullopt;
+  const auto named = OnlyMember(pack, [&pack](const LintPackage& member) {
+    return EqualByGlobalLocaleFold(member.Value(PropertyName::xmlFilename), pack.file);
+  });
+  if (named) return named;
+  return OnlyMember(pack, [](const LintPackage& member) {
+    return member.ClassName().find(Marker::pack) != std::string::npos;
+  });
+}
+
 // See LintPack::isPackage.
 std::vector<bool> PackagesAmong(const LintPack& pack) {
   std::vector<bool> isPackage(pack.members.size(), true);
+  if (pack.misnamedOwn) isPackage[*pack.misnamedOwn] = false;
   bool hasNamed = false;
   for (std::size_t i = 0; i < pack.ownInstances; ++i) {
     if (pack.members[i].Value(PropertyName::xmlFilename) != pack.file) continue;
@@ -47,6 +71,7 @@ LintPack PackOf(const DescriptorFile& file, std::vector<LintPackage> instances) 
   pack.file = file.name;
   pack.ownInstances = order.ownInstances;
   for (const std::size_t i : order.instances) pack.members.push_back(std::move(instances[i]));
+  pack.misnamedOwn = FindMisnamedOwn(pack);
   pack.isPackage = PackagesAmong(pack);
   return pack;
 }

@@ -19,6 +19,14 @@ struct LintPack {
   std::vector<LintPackage> members;  // in the library's order: own instances first
   std::size_t ownInstances = 0;
 
+  // Without an own instance: the index of the member that is meant as such, because only the case
+  // of its "xmlFilename" is wrong, or else because it alone has the pack's class.
+  std::optional<std::size_t> misnamedOwn;
+
+  // The instance that is meant as the pack's own; the first member if none is. Only where there is
+  // a member.
+  const LintPackage& MeantOwn() const { return members[misnamedOwn.value_or(0)]; }
+
   // For each member whether it is meant to be a package, whatever the library makes of it: the
   // first member of a pack without an own instance is lost, and an instance without a name beside
   // the pack's own is taken for the pack.
@@ -26,6 +34,8 @@ struct LintPack {
 };
 
 struct LintFolder {
+  static constexpr char ownName[] = ".";  // in a finding about the folder as a whole
+
   std::string path;
   LintTarget target = LintTarget::Windows;
   std::vector<std::string> files;  // names of all entries that end in ".xml"

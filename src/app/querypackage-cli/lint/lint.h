@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "lint/baseline.h"
 #include "lint/report.h"
 #include "lint/target.h"
 
@@ -17,14 +18,19 @@ namespace Vornik::Cli {
 struct LintSettings {
   std::string folder;
   LintTarget target = LintTarget::Windows;
-  std::set<LintId> ignored;
+  std::set<LintId> ignored = {};
+  std::set<LintId> only = {};                 // empty: all
+  std::set<std::string> files = {};           // relative to the folder; empty: all
+  std::optional<LintBaseline> baseline = {};  // what is known already
 };
 
 struct LintResult {
   LintSettings settings;
-  std::vector<LintFinding> findings;       // in order
+  std::vector<LintFinding> findings;       // in order; without the known ones
   std::size_t files = 0;                   // that end in ".xml"
   std::optional<std::string> walkFailure;  // why the listing ended early
+  std::vector<LintFinding> known = {};     // from the baseline, in order
+  LintBaseline fixed = {};                 // of the baseline, what the folder no longer has
 };
 
 // Nothing in the folder hangs or aborts it. Throws std::bad_alloc only.

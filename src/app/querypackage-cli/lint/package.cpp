@@ -1,9 +1,16 @@
 #include "lint/package.h"
 
+#include <utility>
+
 #include "model/literals.h"
 #include "text/letter_case.h"
 
 namespace Vornik::Cli {
+
+LintPackage::LintPackage(std::string file, PlacedPackage package)
+    : file_(std::move(file)),
+      package_(std::move(package)),
+      code_(Value(PropertyName::identificationCode)) {}
 
 std::string LintPackage::Value(std::string_view name) const {
   return GetPropertyValue(name, package_.properties);
@@ -12,8 +19,6 @@ std::string LintPackage::Value(std::string_view name) const {
 std::vector<std::string> LintPackage::Values(std::string_view name) const {
   return GetPropertyValues(name, package_.properties);
 }
-
-std::string LintPackage::Code() const { return Value(PropertyName::identificationCode); }
 
 std::vector<std::size_t> LintPackage::Occurrences(std::string_view name) const {
   std::vector<std::size_t> found;

@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "inspection/descriptor_inspection.h"
@@ -16,17 +15,17 @@ namespace Vornik::Cli {
 
 class LintPackage {
  public:
-  LintPackage(std::string file, PlacedPackage package)
-      : file_(std::move(file)), package_(std::move(package)) {}
+  LintPackage(std::string file, PlacedPackage package);
 
   const std::string& File() const { return file_; }
   TextPosition Place() const { return package_.place; }  // of the INSTANCE, or of the root element
   const SupXmlProperties& Properties() const { return package_.properties; }
+  const std::string& ClassName() const { return package_.className; }  // empty: an individual one's
 
   // As GetPropertyValue and GetPropertyValues.
   std::string Value(std::string_view name) const;
   std::vector<std::string> Values(std::string_view name) const;
-  std::string Code() const;
+  const std::string& Code() const { return code_; }
 
   // Of all properties with the name, their indices.
   std::vector<std::size_t> Occurrences(std::string_view name) const;
@@ -46,6 +45,7 @@ class LintPackage {
  private:
   std::string file_;
   PlacedPackage package_;
+  std::string code_;  // looked up for each finding
 };
 
 }  // namespace Vornik::Cli

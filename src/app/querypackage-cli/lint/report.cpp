@@ -14,15 +14,40 @@ auto KeyOf(const LintFinding& finding) {
                          std::string_view(RuleOf(finding.id).name), std::string_view(finding.text));
 }
 
+// The first one of each fault of a package, with the places of those in other files.
+std::vector<LintFinding> Merged(std::vector<LintFinding> findings) {
+  std::vector<LintFinding> merged;
+  std::map<std::tuple<LintId, std::string, std::string>, std::size_t> firstOfFault;
+  for (LintFinding& finding : findings) {
+    if (!finding.code.empty()) {
+      const auto [known, isNew] =
+          firstOfFault.try_emplace({finding.id, finding.code, finding.text}, merged.size());
+      LintFinding* const first = isNew ? nullptr : &merged[known->second];
+      if (first != nullptr && first->file != finding.file) {
+        first->also.push_back({std::move(finding.file), finding.place});
+        continue;
+      }
+    }
+    merged.push_back(std::move(finding));
+  }
+  return merged;
+}
+
 }  // namespace
 
 bool operator<(const LintFinding& a, const LintFinding& b) { return KeyOf(a) < KeyOf(b); }
 
 void LintReport::Add(LintId id, const std::string& file, TextPosition place, std::string text) {
-  if (ignored_.count(id) != 0) return;
-  LintFinding finding{id, file, place, std::move(text)};
-  if (findings_.count(finding) != 0) return;
-  Tally& tally = tallies_[{file, id}];
+  Add({id, file, place, std::move(text), {}});
+}
+
+void LintReport::Add(LintId id, const LintPackage& package, TextPosition place, std::string text) {
+  Add({id, package.File(), place, std::move(text), package.Code()});
+}
+
+void LintReport::Add(LintFinding finding) {
+  if (ignored_.count(finding.id) != 0 || findings_.count(finding) != 0) return;
+  Tally& tally = tallies_[{finding.file, finding.id}];
   if (tally.kept == mostPerFile) {
     ++tally.more;
     return;
@@ -43,7 +68,7 @@ std::vector<LintFinding> LintReport::Findings() const {
     const std::size_t more = tallies_.at(key).more;
     if (more != 0) finding->text += fmt::format(" (There are {} more of these in the file.)", more);
   }
-  return findings;
+  return Merged(std::move(findings));
 }
 
 LintCounts CountBySeverity(const std::vector<LintFinding>& findings) {
@@ -61,6 +86,12 @@ LintCounts CountBySeverity(const std::vector<LintFinding>& findings) {
         break;
     }
   }
+  return counts;
+}
+
+std::map<LintId, std::size_t> CountById(const std::vector<LintFinding>& findings) {
+  std::map<LintId, std::size_t> counts;
+  for (const LintFinding& finding : findings) ++counts[finding.id];
   return counts;
 }
 

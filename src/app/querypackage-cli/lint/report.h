@@ -10,15 +10,25 @@
 #include <vector>
 
 #include "inspection/text_position.h"
+#include "lint/package.h"
 #include "lint/rules.h"
 
 namespace Vornik::Cli {
+
+struct LintPlace {
+  std::string file;    // relative to the folder, with forward slashes
+  TextPosition place;  // 0: the file as a whole
+};
 
 struct LintFinding {
   LintId id = LintId::ExtensionCase;
   std::string file;    // relative to the folder, with forward slashes
   TextPosition place;  // 0: the file as a whole
   std::string text;    // one sentence for a person
+  std::string code;    // of the package that it is about; empty if there is none
+
+  // The other files that are part of it, or describe the same package and have the same fault.
+  std::vector<LintPlace> also = {};
 };
 
 // By file, line, column and id.
@@ -33,6 +43,11 @@ class LintReport {
 
   // Does nothing for an ignored id, and for what is known already.
   void Add(LintId id, const std::string& file, TextPosition place, std::string text);
+
+  // About a package that several files may describe. Equal findings about one code become one.
+  void Add(LintId id, const LintPackage& package, TextPosition place, std::string text);
+
+  void Add(LintFinding finding);
 
   // So many more of the kind, without their places.
   void AddUnplaced(LintId id, const std::string& file, std::size_t count);
@@ -59,6 +74,9 @@ struct LintCounts {
 };
 
 LintCounts CountBySeverity(const std::vector<LintFinding>& findings);
+
+// Of the ids that are among them, in the table's order.
+std::map<LintId, std::size_t> CountById(const std::vector<LintFinding>& findings);
 
 }  // namespace Vornik::Cli
 

@@ -59,6 +59,9 @@ constexpr LintRule table[] = {
      "The file name holds a backslash, which is no separator on the target, so the file is not "
      "found.",
      "Write forward slashes between folder and file."},
+    {LintId::NoDescriptors, Severity::Error, "no-descriptors",
+     "No file of the folder is a descriptor that can be read, so a query of it finds nothing.",
+     "Check that this is the folder of the descriptors."},
 
     {LintId::OverLimits, Severity::Error, "over-limits",
      "The document is over a limit of the reader, so it does not load and gives no package.",
@@ -93,6 +96,21 @@ constexpr LintRule table[] = {
     {LintId::InstanceNested, Severity::Warning, "instance-nested",
      "An INSTANCE of a pack stands inside another one, which gets its properties too.",
      "Put the INSTANCE elements beside one another."},
+    {LintId::InstanceUnread, Severity::Error, "instance-unread",
+     "An INSTANCE of a pack has no attributes or is not in capital letters, so it is not read and "
+     "its package is lost.",
+     "Write INSTANCE, with CLASSNAME as its first attribute."},
+    {LintId::InstancesMerged, Severity::Error, "instances-merged",
+     "An individual descriptor has several INSTANCE elements and is read as one package of all "
+     "their properties.",
+     "Divide the file into one for each package."},
+    {LintId::ElementCase, Severity::Error, "element-case",
+     "An element is written in another case than one that is read, so its content is lost.",
+     "Write PROPERTY, PROPERTY.ARRAY, VALUE and VALUE.ARRAY in capital letters."},
+    {LintId::ValueMisplaced, Severity::Error, "value-misplaced",
+     "A VALUE directly in a PROPERTY.ARRAY, or a VALUE.ARRAY in a PROPERTY, is not read.",
+     "Put the VALUE elements of a PROPERTY.ARRAY into a VALUE.ARRAY, and those of a PROPERTY into "
+     "the PROPERTY itself."},
     {LintId::AmpersandLost, Severity::Warning, "ampersand-lost",
      "An ampersand begins no reference and vanishes from the text.",
      "Write \"&amp;\" for an ampersand."},
@@ -116,6 +134,13 @@ constexpr LintRule table[] = {
     {LintId::PropertyBlank, Severity::Error, "property-blank",
      "A value begins or ends with a blank, so a comparison with the same text without it fails.",
      "Remove the blank; none is removed from CDATA and references."},
+    {LintId::PropertyUnnamed, Severity::Error, "property-unnamed",
+     "A property has no attribute NAME, in this case, so nothing finds its value.",
+     "Write the attribute NAME in capital letters."},
+    {LintId::PropertyMisspelled, Severity::Warning, "property-misspelled",
+     "The name of a property is one letter away from one that is read, so it is probably "
+     "misspelled and nothing reads it.",
+     "Correct the name."},
     {LintId::VersionMissing, Severity::Warning, "version-missing",
      "\"Version\" is missing or empty, so the package ranks lowest of its driver family, or the "
      "pack displaces no other.",
@@ -152,6 +177,13 @@ constexpr LintRule table[] = {
      "No machine type of any pack of the folder is among the package's platforms, so those "
      "machines never get it.",
      "Correct the package's machine types or those of the packs."},
+    {LintId::PackageUnlisted, Severity::Warning, "package-unlisted",
+     "The folder has packs, but none of them lists the package, so the Kovu filter refuses it.",
+     "Add the package to a pack, or query with the Kovu filter off."},
+    {LintId::PackageListedElsewhere, Severity::Warning, "package-listed-elsewhere",
+     "The packs that list the package are for other machine types or operating systems than its "
+     "own, so no machine gets it from a pack.",
+     "Correct the platforms of the package or those of the pack, or list it in another pack."},
 
     {LintId::ClassificationsMissing, Severity::Error, "classifications-missing",
      "The package has fewer classifications than driver files, which ends the process that "
@@ -167,6 +199,10 @@ constexpr LintRule table[] = {
      "Versions of one driver family are ordered otherwise as text than as numbers, so the wrong "
      "package is kept.",
      "Pad the numbers to one length, for example 09.0 and 10.1."},
+    {LintId::VersionOrderMixed, Severity::Info, "version-order-mixed",
+     "Versions of one driver family that contain more than numbers are ordered otherwise as text "
+     "than as numbers, which may be meant.",
+     "Check which package is to be kept, and pad the numbers to one length if it is the other."},
     {LintId::VersionEqual, Severity::Warning, "version-equal",
      "Two packages of one driver family have the same version, so which of them is kept depends "
      "on the folder's listing.",
@@ -183,9 +219,20 @@ constexpr LintRule table[] = {
      "Packages supersede one another in a ring, so the order of their codes decides which of "
      "them is kept.",
      "Let the newer package name the older one, and no other way round."},
+    {LintId::SupersedeChain, Severity::Warning, "supersede-chain",
+     "A superseded package has a list of its own that is applied later and keeps the package.",
+     "Move what the superseded package lists into the list of the newest one, and remove its own."},
+    {LintId::SupersedeOverridden, Severity::Warning, "supersede-overridden",
+     "A package names another one in \"supersede\", but they share a driver file, and the other "
+     "one has the greater version.",
+     "Give the newer package the version that is greater as text, for example 10.1 after 09.0."},
+    {LintId::RequirementUnknown, Severity::Warning, "requirement-unknown",
+     "\"preReq\" or \"coReq\" names a package that the folder does not have.",
+     "Correct the code, or add the package."},
 
     {LintId::PackOwnMissing, Severity::Error, "pack-own-missing",
-     "The pack has no instance of its own, so its first member is taken for the pack and lost.",
+     "The pack has no instance of its own, so its first member is taken for the pack and never "
+     "becomes a package.",
      "Add an INSTANCE whose \"xmlFilename\" is the pack's own file name, in its case."},
     {LintId::PackOwnRepeated, Severity::Error, "pack-own-repeated",
      "The pack has several instances of its own: the last one decides, and the others become "
@@ -217,6 +264,9 @@ constexpr LintRule table[] = {
     {LintId::PayloadOutside, Severity::Warning, "payload-outside",
      "The payload lies outside the folder, so it is lost when the folder is copied.",
      "Move the payload into the folder."},
+    {LintId::FilesUnnamed, Severity::Info, "files-unnamed",
+     "The folder has files that no descriptor names, so no query uses them.",
+     "Remove the files, or name them in a descriptor."},
 };
 
 }  // namespace

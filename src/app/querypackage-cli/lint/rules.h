@@ -30,6 +30,7 @@ enum class LintId {
   NameInvalid,
   NameCollision,
   SeparatorForeign,
+  NoDescriptors,
   // Documents
   OverLimits,
   NotWellFormed,
@@ -41,6 +42,10 @@ enum class LintId {
   InstanceCodeTooLong,
   InstanceEmpty,
   InstanceNested,
+  InstanceUnread,
+  InstancesMerged,
+  ElementCase,
+  ValueMisplaced,
   AmpersandLost,
   ValueSplit,
   ValueEmpty,
@@ -49,6 +54,8 @@ enum class LintId {
   PropertyEmpty,
   PropertyRepeated,
   PropertyBlank,
+  PropertyUnnamed,
+  PropertyMisspelled,
   VersionMissing,
   TypeNotNumber,
   NumberOutOfRange,
@@ -62,16 +69,22 @@ enum class LintId {
   PlatformNotNumber,
   MachineTypeInvalid,
   PackageUnreachable,
+  PackageUnlisted,
+  PackageListedElsewhere,
   // Driver files and superseding
   ClassificationsMissing,
   ClassificationsSurplus,
   DriverFileUnparsed,
   VersionOrder,
+  VersionOrderMixed,
   VersionEqual,
   CategoryShared,
   SupersedeUnknown,
   SupersedeSelf,
   SupersedeRing,
+  SupersedeChain,
+  SupersedeOverridden,
+  RequirementUnknown,
   // Packs
   PackOwnMissing,
   PackOwnRepeated,
@@ -84,6 +97,7 @@ enum class LintId {
   PayloadMissing,
   PayloadShared,
   PayloadOutside,
+  FilesUnnamed,
 };
 
 struct LintRule {

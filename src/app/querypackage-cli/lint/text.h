@@ -8,7 +8,8 @@
 
 namespace Vornik::Cli {
 
-// Two lines for each finding, and a closing one.
+// Two lines for each finding, a third one if it has more places; the number of findings of each id,
+// what the baseline has, and a closing line.
 std::string LintText(const LintResult& result, bool colour);
 
 // A rule, explained.

@@ -54,6 +54,12 @@ std::string CodeText(const std::string& code) {
   return code.empty() ? "the package without a code" : Quoted(code);
 }
 
+std::string CodeList(const std::vector<std::string>& codes) {
+  return ListOf(codes, [](const std::string& code) {
+    return code.empty() ? CodeText(code) : QuotedBriefly(code);
+  });
+}
+
 std::string FileNameOf(const std::string& path) {
   return boost::filesystem::path(path).filename().string();
 }

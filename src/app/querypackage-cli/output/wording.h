@@ -29,6 +29,10 @@ std::string AsCompared(const std::string& version);
 // A code in quotes, or words for an empty one.
 std::string CodeText(const std::string& code);
 
+// The same for several, each quoted briefly; for a long list the first ones and the number of the
+// others.
+std::string CodeList(const std::vector<std::string>& codes);
+
 // The last component of a path.
 std::string FileNameOf(const std::string& path);
 

@@ -13,6 +13,9 @@ void CheckFileNames(const LintFolder& folder, LintReport& report);
 // Properties that are missing, repeated or incomplete.
 void CheckProperties(const LintFolder& folder, LintReport& report);
 
+// Names of properties that are nearly those of others.
+void CheckPropertyNames(const LintFolder& folder, LintReport& report);
+
 // Identification codes that conflict.
 void CheckCodes(const LintFolder& folder, LintReport& report);
 
@@ -31,11 +34,17 @@ void CheckVersions(const LintFolder& folder, LintReport& report);
 // The lists of superseded packages.
 void CheckSupersedeLists(const LintFolder& folder, LintReport& report);
 
+// The lists of required packages.
+void CheckRequirements(const LintFolder& folder, LintReport& report);
+
 // Packs: their own instances, and where they apply.
 void CheckPacks(const LintFolder& folder, LintReport& report);
 
 // The files that "xmlFilename" and "payload" name.
 void CheckPackageFiles(const LintFolder& folder, LintReport& report);
+
+// A folder without descriptors, and files that no descriptor names.
+void CheckFolderContents(const LintFolder& folder, LintReport& report);
 
 }  // namespace Vornik::Cli
 

@@ -18,7 +18,7 @@ void CheckValues(const LintPackage& package, LintReport& report) {
   for (std::size_t i = 0; i < values.size(); ++i) {
     const auto file = ParseDriverFileValue(values[i]);
     if (file && !file->first.empty() && !file->second.empty()) continue;
-    report.Add(LintId::DriverFileUnparsed, package.File(), places[i],
+    report.Add(LintId::DriverFileUnparsed, package, places[i],
                fmt::format("The driver file {} is not a name, \"{}\" and a version, so it is "
                            "dropped.",
                            QuotedBriefly(values[i]), driverFileSeparator));
@@ -29,12 +29,11 @@ void CheckClassifications(const LintPackage& package, LintReport& report) {
   const std::size_t files = package.Values(filesName).size();
   const std::size_t classes = package.Values(classesName).size();
   if (ReadDriverFiles(package.Properties()).unclassifiedIndex) {
-    report.Add(LintId::ClassificationsMissing, package.File(), package.PlaceOfProperty(classesName),
+    report.Add(LintId::ClassificationsMissing, package, package.PlaceOfProperty(classesName),
                fmt::format("The package has {} for {}, which ends the process that queries it.",
                            Count(classes, "classification"), Count(files, "driver file")));
   } else if (files != 0 && classes > files) {
-    report.Add(LintId::ClassificationsSurplus, package.File(),
-               package.PlacesOfEntries(classesName)[files],
+    report.Add(LintId::ClassificationsSurplus, package, package.PlacesOfEntries(classesName)[files],
                fmt::format("The package has {} for {}; the surplus ones are ignored.",
                            Count(classes, "classification"), Count(files, "driver file")));
   }

@@ -30,6 +30,7 @@ class FileChecks {
   void Check() {
     for (const LintPack& pack : folder_.packs) {
       for (std::size_t i = pack.ownInstances; i < pack.members.size(); ++i) {
+        if (pack.misnamedOwn == i) continue;
         CheckDescriptor(pack.members[i], LintId::MemberFileMissing);
       }
     }
@@ -84,7 +85,7 @@ class FileChecks {
       std::set<std::string> codes;
       for (const Use& use : uses) codes.insert(use.code);
       if (codes.size() == 1) continue;
-      const std::string list = BriefList({codes.begin(), codes.end()});
+      const std::string list = CodeList({codes.begin(), codes.end()});
       for (const Use& use : uses) {
         Add(LintId::PayloadShared, *use.package, PropertyName::payload,
             fmt::format("The payload {} is that of {} packages: {}.",
@@ -116,7 +117,7 @@ class FileChecks {
   }
 
   void Add(LintId id, const LintPackage& package, const char* property, std::string text) {
-    report_.Add(id, package.File(), package.PlaceOfValue(property), std::move(text));
+    report_.Add(id, package, package.PlaceOfValue(property), std::move(text));
   }
 
   std::string KeyOf(const std::string& name) const {

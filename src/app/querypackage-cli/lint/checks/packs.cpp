@@ -12,6 +12,7 @@
 #include "output/wording.h"
 #include "records/pack_selection.h"
 #include "text/decimal.h"
+#include "text/letter_case.h"
 
 namespace Vornik::Cli {
 
@@ -20,14 +21,32 @@ namespace {
 constexpr std::array<const char*, 2> packLists{PropertyName::applicableMachineTypes,
                                                PropertyName::applicableOperatingSystems};
 
+void ReportMissingOwn(const LintPack& pack, LintReport& report) {
+  const LintPackage& first = pack.members.front();
+  const LintPackage& own = pack.MeantOwn();
+  const std::string name = own.Value(PropertyName::xmlFilename);
+  std::string text =
+      fmt::format("No INSTANCE has the \"{}\" {}", PropertyName::xmlFilename, Quoted(pack.file));
+  if (EqualByGlobalLocaleFold(name, pack.file)) {
+    text += fmt::format(" (this one has {}, which differs in case)", Quoted(name));
+  }
+  if (&own != &first) {
+    text += fmt::format(
+        ", so this one becomes a package, and the first one, {}, is taken for the "
+        "pack and lost.",
+        CodeText(first.Code()));
+  } else {
+    text += fmt::format(", so this one, {}, is taken for the pack{}.", CodeText(first.Code()),
+                        pack.misnamedOwn ? ", because it is the first" : " and lost");
+  }
+  report.Add(LintId::PackOwnMissing, pack.file, own.Place(), text);
+}
+
 void CheckOwnInstance(const LintPack& pack, LintReport& report) {
   if (pack.members.empty() || pack.ownInstances == 1) return;
   const LintPackage& first = pack.members.front();
   if (pack.ownInstances == 0) {
-    report.Add(LintId::PackOwnMissing, pack.file, first.Place(),
-               fmt::format("No INSTANCE has the \"{}\" {}, so this one, {}, is taken for the pack "
-                           "and lost.",
-                           PropertyName::xmlFilename, Quoted(pack.file), CodeText(first.Code())));
+    ReportMissingOwn(pack, report);
     return;
   }
   for (std::size_t i = 1; i < pack.ownInstances; ++i) {
@@ -41,6 +60,7 @@ void CheckOwnInstance(const LintPack& pack, LintReport& report) {
 void CheckLists(const LintPack& pack, LintReport& report) {
   if (pack.members.empty()) return;
   const LintPackage& own = pack.members.front();
+  if (&pack.MeantOwn() != &own) return;  // the lists of the one meant are not read
   for (const char* list : packLists) {
     if (!own.Values(list).empty()) continue;
     report.Add(LintId::PackListMissing, pack.file, own.PlaceOfProperty(list),
@@ -64,31 +84,54 @@ bool AppliesTo(const PackReach& reach, std::uint32_t system) {
   return reach.systems.count(anyCode) != 0 || reach.systems.count(system) != 0;
 }
 
-// The pack that is chosen if the folder lists them in this order.
-const PackReach* ChosenOf(const Rivals& rivals) {
-  std::vector<const SupXmlProperties*> packs;
-  for (const PackReach* rival : rivals) packs.push_back(&rival->pack->members.front().Properties());
-  return rivals.at(ChosenPack(ChoosePack(packs)).value());
+const SupXmlProperties& LevelOf(const PackReach& reach) {
+  return reach.pack->members.front().Properties();
 }
 
-// After a pack whose version is not read, each of theirs is, and so the greatest one is chosen.
-const PackReach* GreatestOf(Rivals rivals) {
-  rivals.insert(rivals.begin(), rivals.front());
-  return ChosenOf(rivals);
+// Whether a pack displaces a choice of that version: the first pack considered is chosen without
+// its version being read, so the choice is considered twice.
+bool Displaces(const SupXmlProperties& pack, const SupXmlProperties& choice) {
+  return ChosenPack(ChoosePack({&choice, &choice, &pack})) == 2U;
+}
+
+// Those with the greatest version; none if none of them has a version.
+Rivals GreatestOf(const Rivals& rivals) {
+  Rivals greatest;
+  for (const PackReach* rival : rivals) {
+    if (greatest.empty() || Displaces(LevelOf(*rival), LevelOf(*greatest.front()))) {
+      greatest = {rival};
+    } else if (!Displaces(LevelOf(*greatest.front()), LevelOf(*rival))) {
+      greatest.push_back(rival);
+    }
+  }
+  const bool hasVersion = !greatest.empty() && Displaces(LevelOf(*greatest.front()), {});
+  return hasVersion ? greatest : Rivals();
+}
+
+std::string FilesOf(const Rivals& rivals) {
+  std::vector<std::string> files;
+  for (const PackReach* rival : rivals) files.push_back(rival->pack->file);
+  return fmt::format("{}", fmt::join(files, ", "));
 }
 
 // What the choice among them does. The order of a folder's listing is not known. It matters where
-// it gives the pack with the greatest version first: that version is then never read.
-std::string ChoiceText(Rivals rivals) {
-  const PackReach* greatest = GreatestOf(rivals);
-  const auto place = std::find(rivals.begin(), rivals.end(), greatest);
-  std::rotate(place, place + 1, rivals.end());
-  const std::string& usual = ChosenOf(rivals)->pack->file;
-  std::rotate(rivals.begin(), rivals.end() - 1, rivals.end());
-  const std::string& whenFirst = ChosenOf(rivals)->pack->file;
-  if (usual == whenFirst) return fmt::format("{} is used", usual);
-  return fmt::format("{} is used, or {} if the folder's listing gives {} first", usual, whenFirst,
-                     greatest->pack->file);
+// versions are equal, and where a pack with the greatest version comes first: its version is then
+// never read.
+std::string ChoiceText(const Rivals& rivals) {
+  const Rivals greatest = GreatestOf(rivals);
+  if (greatest.empty()) return "the one that the folder's listing has first is used";
+  const std::string files = FilesOf(greatest);
+  if (greatest.size() > 1) {
+    return fmt::format("one of {} is used; the folder's listing decides which", files);
+  }
+  Rivals others = rivals;
+  others.erase(std::find(others.begin(), others.end(), greatest.front()));
+  const Rivals next = GreatestOf(others);
+  if (next.empty()) return fmt::format("{} is used", files);
+  const std::string whenFirst =
+      next.size() == 1 ? FilesOf(next) : fmt::format("one of {}", FilesOf(next));
+  return fmt::format("{} is used, or {} if the folder's listing has {} first", files, whenFirst,
+                     files);
 }
 
 class Competitions {
@@ -138,14 +181,19 @@ class Competitions {
     for (const PackReach* reach : rivals) {
       texts.push_back(reach->pack->file + " (" + QuotedBriefly(VersionOf(*reach)) + ")");
     }
-    const LintPackage& first = rivals.front()->pack->members.front();
-    report_.Add(LintId::PacksCompete, first.File(),
-                first.PlaceOfProperty(PropertyName::applicableMachineTypes),
-                fmt::format("{} packs apply to machine type {} under {}: {}. Of these, {}.",
-                            rivals.size(), QuotedBriefly(machineType),
-                            system == anyCode ? "any operating system"
-                                              : fmt::format("operating system {}", system),
-                            fmt::join(texts, ", "), ChoiceText(rivals)));
+    std::vector<LintPlace> places;
+    for (const PackReach* reach : rivals) {
+      const LintPackage& own = reach->pack->members.front();
+      places.push_back({own.File(), own.PlaceOfProperty(PropertyName::applicableMachineTypes)});
+    }
+    LintFinding finding{LintId::PacksCompete, places[0].file, places[0].place, "", ""};
+    finding.also.assign(places.begin() + 1, places.end());
+    finding.text = fmt::format(
+        "{} packs apply to machine type {} under {}: {}. Of these, {}.", rivals.size(),
+        QuotedBriefly(machineType),
+        system == anyCode ? "any operating system" : fmt::format("operating system {}", system),
+        fmt::join(texts, ", "), ChoiceText(rivals));
+    report_.Add(std::move(finding));
   }
 
   LintReport& report_;

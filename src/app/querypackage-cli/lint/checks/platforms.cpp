@@ -38,9 +38,10 @@ class PlatformChecks {
     const auto shortest = std::find(lengths.begin(), lengths.end(), counted) - lengths.begin();
     Add(LintId::ListsUnequal,
         package_.PlaceOfProperty(orderedLists[static_cast<std::size_t>(shortest)]),
-        fmt::format("The ordered lists have {} machine types, {} operating systems and {} "
-                    "architectures, so only the first {} of each count.",
-                    lengths[0], lengths[1], lengths[2], counted));
+        fmt::format("The ordered lists have {}, {} and {}, so of each only the first {}.",
+                    Count(lengths[0], "machine type"), Count(lengths[1], "operating system"),
+                    Count(lengths[2], "architecture"),
+                    counted == 1 ? "one counts" : fmt::format("{} count", counted)));
   }
 
   void CheckCodes(const char* list, const char* what) {
@@ -82,7 +83,7 @@ class PlatformChecks {
 
  private:
   void Add(LintId id, TextPosition place, std::string text) {
-    report_.Add(id, package_.File(), place, std::move(text));
+    report_.Add(id, package_, place, std::move(text));
   }
 
   void CheckNumber(NumberReading reading, LintId notNumber, TextPosition place,
@@ -120,7 +121,7 @@ void CheckPackLists(const LintPackage& own, LintReport& report) {
 
 void CheckPlatforms(const LintFolder& folder, LintReport& report) {
   for (const LintPack& pack : folder.packs) {
-    if (!pack.members.empty()) CheckPackLists(pack.members.front(), report);
+    if (!pack.members.empty()) CheckPackLists(pack.MeantOwn(), report);
   }
   for (const LintPackage* package : AllPackages(folder)) {
     PlatformChecks checks(*package, report);

@@ -91,7 +91,7 @@ class PropertyChecks {
 
  private:
   void Add(LintId id, TextPosition place, std::string text) {
-    report_.Add(id, package_.File(), place, std::move(text));
+    report_.Add(id, package_, place, std::move(text));
   }
 
   void CheckProperty(const char* name, const char* whichDecides) {

@@ -33,7 +33,18 @@ int CompareDigits(std::string_view a, std::string_view b) {
   return a.compare(b);
 }
 
+bool IsSeparator(char c) { return c == '.' || c == '-' || c == '_' || c == ','; }
+
 }  // namespace
+
+bool IsNumbersOnly(const std::string& version) {
+  char before = '.';
+  for (const char c : version) {
+    if (!IsDigit(c) && (!IsSeparator(c) || !IsDigit(before))) return false;
+    before = c;
+  }
+  return IsDigit(before);
+}
 
 int CompareAsNumbers(const std::string& a, const std::string& b) {
   const std::string foldedA = FoldByGlobalLocale(a);

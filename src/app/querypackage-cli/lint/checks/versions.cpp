@@ -179,8 +179,9 @@ class VersionChecks {
       const int order = CompareAsNumbers(VersionOf(i), VersionOf(greatest));
       if (order > 0) greatest = i;
       if (order >= 0) continue;
+      const bool areNumbers = IsNumbersOnly(VersionOf(i)) && IsNumbersOnly(VersionOf(greatest));
       AddOnVersion(
-          LintId::VersionOrder, i,
+          areNumbers ? LintId::VersionOrder : LintId::VersionOrderMixed, i,
           fmt::format("As text, version {} is greater than {} of {} ({}), so this package "
                       "supersedes that one; they share the driver file {}.",
                       QuotedBriefly(VersionOf(i)), QuotedBriefly(VersionOf(greatest)),
@@ -210,7 +211,7 @@ class VersionChecks {
     for (std::size_t k = 1; k < bare.size(); ++k) {
       const LintPackage& package = *packages_[bare[k]].package;
       report_.Add(
-          LintId::CategoryShared, package.File(), package.PlaceOfValue(PropertyName::category),
+          LintId::CategoryShared, package, package.PlaceOfValue(PropertyName::category),
           fmt::format("This package and {} ({}) have no driver files and share the category "
                       "{}, so one of them supersedes the other.",
                       CodeOf(bare.front()), FileOf(bare.front()),
@@ -220,7 +221,7 @@ class VersionChecks {
 
   void AddOnVersion(LintId id, std::size_t index, std::string text) {
     const LintPackage& package = *packages_[index].package;
-    report_.Add(id, package.File(), package.PlaceOfValue(PropertyName::Version), std::move(text));
+    report_.Add(id, package, package.PlaceOfValue(PropertyName::Version), std::move(text));
   }
 
   const std::string& VersionOf(std::size_t index) const { return packages_[index].record.Version; }

@@ -50,8 +50,8 @@ file(GLOB_RECURSE tools RELATIVE "${root}/src"
   "${root}/src/app/*.cpp" "${root}/src/app/*.h" "${root}/src/inspection/*.h")
 foreach(source IN LISTS tools)
   file(READ "${root}/src/${source}" text)
-  require_only("${source}" "${text}" "#include [<\"](tinyxml|reading/(cimxml|xml_walk)|inspection/xml_places)"
-    inspection/xml_places.h "sees TinyXML's types")
+  require_only("${source}" "${text}" "#include [<\"](tinyxml|reading/(cimxml|xml_walk)|inspection/(unread_markup|xml_places))"
+    "inspection/unread_markup.h;inspection/xml_places.h" "sees TinyXML's types")
 endforeach()
 
 file(READ "${library}/querypackageimp.cpp" stages)

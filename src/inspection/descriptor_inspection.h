@@ -84,7 +84,7 @@ struct DescriptorInspection {
   std::vector<InstanceWithoutClassName> instancesWithoutClassName;
 };
 
-// Throws std::bad_alloc only.
+// Throws std::bad_alloc, and what ReadEntry throws.
 DescriptorInspection InspectDescriptor(const std::string& path, TextMode mode = nativeTextMode);
 
 // The same reading without places, in all its steps. type is what the folder's listing says.

@@ -82,6 +82,13 @@ TEST_F(FolderContentsTest, ListingThatFailedFailsTheQueryAfterItsFiles) {
   EXPECT_EQ(imp.repository.packageXmlEntries().size(), 1U);
 }
 
+TEST_F(FolderContentsTest, ListingForWhichThereWasNoMemoryIsNoFaultOfTheFolder) {
+  imp.contents = FolderContents();
+  imp.contents->failure = std::make_exception_ptr(boost::filesystem::filesystem_error(
+      "the listing", boost::system::errc::make_error_code(boost::system::errc::not_enough_memory)));
+  EXPECT_THROW(Run(), std::bad_alloc);
+}
+
 TEST_F(FolderContentsTest, OtherFailureOfTheListingLeavesTheQuery) {
   imp.contents = FolderContents();
   imp.contents->failure = std::make_exception_ptr(boost::system::system_error(

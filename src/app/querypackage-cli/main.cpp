@@ -1,3 +1,4 @@
+#include <cerrno>
 #include <exception>
 #include <functional>
 #include <iostream>
@@ -10,6 +11,11 @@
 #include "commands/list_command.h"
 #include "commands/parser.h"
 #include "commands/query_command.h"
+
+#ifndef _WIN32
+#include <fcntl.h>
+#include <unistd.h>
+#endif
 
 namespace Vornik::Cli {
 
@@ -41,10 +47,21 @@ Example:
   querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 --package orx_drv_a
   querypackage-cli lint packages --fail-on warning)";
 
-int Help(const CLI::App& app) {
-  std::cout << app.help("", CLI::AppFormatMode::All) << std::flush;
+int PrintAndEnd(const std::string& text) {
+  std::cout << text << std::flush;
   return std::cout.good() ? ExitStatus::success
                           : Fail(ExitStatus::outputLost, "standard output could not be written");
+}
+
+// A standard descriptor that is closed would become the next file that is opened, such as the log.
+// The null device takes its place, opened for reading: what is written there is lost, and reported.
+void OpenClosedDescriptors() {
+#ifndef _WIN32
+  for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    const bool isClosed = ::fcntl(descriptor, F_GETFD) < 0 && errno == EBADF;
+    if (isClosed) static_cast<void>(::open("/dev/null", O_RDONLY));
+  }
+#endif
 }
 
 void SetUp(CLI::App& app) {
@@ -67,10 +84,9 @@ int Run(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
-    return Help(app);
+    return PrintAndEnd(app.help("", CLI::AppFormatMode::All));
   } catch (const CLI::CallForVersion& version) {
-    std::cout << version.what() << std::endl;
-    return ExitStatus::success;
+    return PrintAndEnd(std::string(version.what()) + '\n');
   } catch (const CLI::ParseError& error) {
     return Fail(ExitStatus::usage, std::string(error.what()) + "; see \"querypackage-cli --help\"");
   }
@@ -93,6 +109,7 @@ int RunOrExplain(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   using namespace Vornik::Cli;
+  OpenClosedDescriptors();
   try {
     return RunOrExplain(argc, argv);
   } catch (...) {

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <iterator>
+#include <new>
 #include <thread>
 #include <utility>
 
@@ -23,6 +24,7 @@
 #include "log_texts.h"
 #include "model/literals.h"
 #include "model/query_parameters.h"
+#include "reading/descriptor_files.h"
 #include "reading/descriptor_reading.h"
 #include "records/driver_files.h"
 #include "records/pack_members.h"
@@ -130,6 +132,7 @@ bool QueryPackageImp::ParseXmlPackageFolder() {
       ReadFiles();
     }
   } catch (const fs::filesystem_error& error) {
+    if (IsOutOfMemory(error.code())) throw std::bad_alloc();
     QP_LOG(LogLevel::error, error.what());
     return false;
   }

@@ -1,4 +1,6 @@
 // How the program ends, and what it says where.
+#include <boost/filesystem/operations.hpp>
+
 #include "cli_fixture.h"
 #include "unqueryable_folder.h"
 
@@ -150,6 +152,62 @@ TEST_F(ExitStatusTest, FolderThatCannotBeListedEndsWith3) {
   const Json document = Json::parse(RunCli(withJson).out);
   EXPECT_EQ(document["returnCode"], 3);
   EXPECT_EQ(document["records"], Json::array());
+}
+
+// Runs the program with its standard streams redirected by the shell.
+Outcome RunRedirected(const std::string& redirection, const Arguments& arguments) {
+  Arguments all{"-c", redirection + "; exec \"$0\" \"$@\"", CliPath()};
+  all.insert(all.end(), arguments.begin(), arguments.end());
+  return RunProgram("/bin/sh", all);
+}
+
+TEST_F(ExitStatusTest, HelpAndVersionThatAreLostEndWith74) {
+  for (const char* redirection : {"exec > /dev/full", "exec >&-", "exec <&- >&-"}) {
+    for (const char* option : {"--help", "--version"}) {
+      const Outcome outcome = RunRedirected(redirection, {option});
+      EXPECT_EQ(outcome.status, 74) << redirection << option;
+      EXPECT_EQ(outcome.err, "querypackage-cli: standard output could not be written\n");
+    }
+  }
+}
+
+TEST_F(ExitStatusTest, NoFileTakesTheNumberOfAClosedStandardStream) {
+  WritePackage("a");
+  const std::string log = folder.Path() + "/log.txt";
+  const Arguments arguments = QueryArguments({"--log-file", log, "--log-level", "3"});
+  for (const char* redirection : {"exec >&-", "exec <&- >&-", "exec <&- >&- 2>&-"}) {
+    EXPECT_EQ(RunRedirected(redirection, arguments).status, 74) << redirection;
+    const std::string text = ReadFile(log);
+    EXPECT_THAT(text, HasSubstr("End"));
+    EXPECT_THAT(text, testing::Not(HasSubstr("pass")));
+    EXPECT_THAT(text, testing::Not(HasSubstr("querypackage-cli:")));
+    boost::filesystem::remove(log);
+  }
+}
+
+TEST_F(ExitStatusTest, LoopOfLinksAsTheFolderEndsWith2) {
+  const std::string loop = folder.Path() + "/loop";
+  boost::filesystem::create_symlink(loop, loop);
+  for (const std::string command : {"query", "explain", "lint"}) {
+    Arguments arguments{command, loop};
+    if (command != "lint") {
+      arguments.insert(arguments.end(), {"--machine-type", "1234", "--os", "10", "--arch", "9"});
+    }
+    if (command == "explain") arguments.insert(arguments.end(), {"--package", "a"});
+    const Outcome outcome = RunCli(arguments);
+    EXPECT_EQ(outcome.status, 2) << command;
+    EXPECT_EQ(outcome.err, "querypackage-cli: \"" + loop +
+                               "\" is no folder: give the folder of the descriptors as FOLDER\n");
+  }
+}
+
+// The limit leaves room for the folder's listing, which is open while the query reads.
+TEST_F(ExitStatusTest, RunningOutOfFileDescriptorsIsReportedAsThat) {
+  WritePackage("a");
+  const Outcome outcome =
+      RunRedirected("exec 3>&-; ulimit -n 4", QueryArguments({"--trust", "--log-level", "1"}));
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_THAT(outcome.err, HasSubstr("Too many open files"));
 }
 
 TEST_F(ExitStatusTest, OutputThatIsLostEndsWith74) {

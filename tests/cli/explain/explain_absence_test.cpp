@@ -52,6 +52,21 @@ TEST_F(ExplainAbsenceTest, EmptyFolderKnowsNothing) {
   EXPECT_EQ(document["answer"], "unknown");
 }
 
+// Blanks around a text are not part of it, and a search for blanks ends.
+TEST_F(ExplainAbsenceTest, TextOfAFileThatDoesNotLoad) {
+  WritePackage("other");
+  const std::string blanks(300'000, ' ');
+  folder.Write("b.xml", "<!-- SystemUpdateElement --><a><b>\n a \t</b><c>a b</c><d>x>a</d>" +
+                            blanks + "</x>");
+  for (const char* id : {"A", "a b", " a", "a  ", "\n a"}) {
+    const bool isText = std::string(id) != "a  ";
+    EXPECT_EQ(ExplainJson(id, {}, isText ? 0 : 1)["absence"].size(), isText ? 1U : 0U) << id;
+  }
+  EXPECT_EQ(OnlyReason(" ")["reason"], "notLoaded");
+  EXPECT_EQ(OnlyReason(std::string(1'000, ' '))["reason"], "notLoaded");
+  ExplainJson("b ", {}, 1);
+}
+
 TEST_F(ExplainAbsenceTest, CodeThatIsTooLongIsNamed) {
   const std::string code(4097, 'c');
   WritePackage("other");

@@ -3,6 +3,7 @@
 #include <LogSettings.h>
 #include <fmt/format.h>
 
+#include <boost/filesystem/exception.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <boost/system/error_code.hpp>
 #include <exception>
@@ -13,6 +14,15 @@
 #include "model/hazard_check.h"
 
 namespace Vornik::Cli {
+
+namespace {
+
+int FailOnException(const std::exception& error) {
+  return Fail(ExitStatus::exception, "the query ended with an exception, " + Describe(error) +
+                                         "; check that the folder's path can be used");
+}
+
+}  // namespace
 
 std::optional<int> DirectLog(const LogOptions& log) {
   std::string reason;
@@ -29,11 +39,15 @@ std::optional<int> RefuseHazard(const QuerySettings& settings, const FolderConte
 }
 
 int StatusOfRun(const std::function<int()>& run) {
+  namespace fs = boost::filesystem;
   try {
     return run();
+  } catch (const fs::filesystem_error& error) {
+    // Only the query's folder is looked up in this way.
+    const bool isLoop = error.code() == boost::system::errc::too_many_symbolic_link_levels;
+    return isLoop ? FailOnFolder(error.path1().string()) : FailOnException(error);
   } catch (const std::exception& error) {
-    return Fail(ExitStatus::exception, "the query ended with an exception, " + Describe(error) +
-                                           "; check that the folder's path can be used");
+    return FailOnException(error);
   } catch (...) {
     return Fail(ExitStatus::exception, "the query ended with an exception of an unknown type");
   }

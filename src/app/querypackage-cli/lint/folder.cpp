@@ -1,6 +1,7 @@
 #include "lint/folder.h"
 
 #include <algorithm>
+#include <boost/system/system_error.hpp>
 #include <set>
 #include <utility>
 
@@ -115,9 +116,14 @@ LintFolder ReadLintFolder(const std::string& path, LintTarget target, LintReport
   LintFolder folder;
   folder.path = path;
   folder.target = target;
-  for (const DescriptorFile& file : ListByName(folder)) {
-    folder.files.push_back(file.name);
-    ReadDescriptor(file, folder, report);
+  const std::vector<DescriptorFile> files = ListByName(folder);
+  try {
+    for (const DescriptorFile& file : files) {
+      folder.files.push_back(file.name);
+      ReadDescriptor(file, folder, report);
+    }
+  } catch (const boost::system::system_error& error) {
+    folder.walkFailure = error.what();  // as it ends a query
   }
   return folder;
 }

@@ -4,6 +4,8 @@
 #include <boost/filesystem/exception.hpp>
 #include <boost/filesystem/path.hpp>
 #include <boost/system/system_error.hpp>
+#include <new>
+#include <system_error>
 #include <utility>
 
 #include "inspection/descriptor_inspection.h"
@@ -45,7 +47,8 @@ FolderListing ListDescriptors(const std::string& folder) {
       const fs::file_type type = entry->status(unknown).type();
       listing.files.push_back({path.string(), path.filename().string(), type});
     }
-  } catch (const boost::system::system_error&) {
+  } catch (const boost::system::system_error& error) {
+    if (IsOutOfMemory(error.code())) throw std::bad_alloc();
     listing.failure = std::current_exception();
   }
   return listing;
@@ -74,17 +77,22 @@ std::vector<FolderEntry> ListEntries(const std::string& folder) {
     entries.push_back(std::move(listed));
     entry.increment(failed);
   }
+  if (failed == std::errc::not_enough_memory) throw std::bad_alloc();
   return entries;
 }
 
 FolderContents ReadContents(const std::string& folder) {
   FolderListing listing = ListDescriptors(folder);
   FolderContents contents;
-  for (DescriptorFile& file : listing.files) {
-    DescriptorReading reading = ReadDescriptor(file.path, file.type);
-    contents.files.push_back({std::move(file.path), std::move(reading)});
-  }
   contents.failure = std::move(listing.failure);
+  try {
+    for (DescriptorFile& file : listing.files) {
+      DescriptorReading reading = ReadDescriptor(file.path, file.type);
+      contents.files.push_back({std::move(file.path), std::move(reading)});
+    }
+  } catch (const boost::system::system_error&) {
+    contents.failure = std::current_exception();  // as it ends a query
+  }
   return contents;
 }
 

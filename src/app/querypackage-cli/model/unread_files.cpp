@@ -7,6 +7,7 @@
 #include <boost/system/error_code.hpp>
 #include <cctype>
 #include <optional>
+#include <string_view>
 
 #include "model/literals.h"
 #include "reading/descriptor_files.h"
@@ -73,20 +74,38 @@ std::string Escaped(const std::string& text) {
 
 bool IsSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
 
-// Whether the part of a text is the whole text of an element, blanks around it aside.
-bool IsElementText(const std::string& text, std::size_t begin, std::size_t end) {
-  while (begin > 0 && IsSpace(text[begin - 1])) --begin;
-  while (end < text.size() && IsSpace(text[end])) ++end;
-  return begin > 0 && text[begin - 1] == '>' && (end == text.size() || text[end] == '<');
+// Where a text is in another one that has only blanks besides it.
+std::optional<std::size_t> FindBetweenBlanks(std::string_view text, std::string_view wanted) {
+  const auto firstOther = [](std::string_view in) {
+    return static_cast<std::size_t>(std::find_if_not(in.begin(), in.end(), IsSpace) - in.begin());
+  };
+  const std::size_t first = firstOther(text);
+  const std::size_t blanks = firstOther(wanted);
+  if (blanks == wanted.size()) {
+    const bool isBlank = first == text.size() && wanted.size() <= text.size();
+    const std::size_t found = isBlank ? text.find(wanted) : std::string_view::npos;
+    return found == std::string_view::npos ? std::nullopt : std::optional(found);
+  }
+  if (first < blanks || text.compare(first - blanks, wanted.size(), wanted) != 0) {
+    return std::nullopt;
+  }
+  const std::string_view after = text.substr(first - blanks + wanted.size());
+  return firstOther(after) == after.size() ? std::optional(first - blanks) : std::nullopt;
 }
 
+// The text of an element, as the file has it. Each part between '>' and '<' is looked at once.
 std::optional<std::string> FindInText(const std::string& bytes, const std::string& code) {
   const std::string text = FoldByGlobalLocale(bytes);
   const std::string wanted = FoldByGlobalLocale(Escaped(code));
   if (wanted.empty()) return std::nullopt;
-  for (std::size_t at = text.find(wanted); at != std::string::npos;
-       at = text.find(wanted, at + 1)) {
-    if (IsElementText(text, at, at + wanted.size())) return bytes.substr(at, wanted.size());
+  for (std::size_t at = text.find('>'); at != std::string::npos;) {
+    const std::size_t begin = at + 1;
+    const std::size_t end = std::min(text.find_first_of("<>", begin), text.size());
+    const bool isWhole = end == text.size() || text[end] == '<';
+    const auto part = std::string_view(text).substr(begin, end - begin);
+    const auto found = isWhole ? FindBetweenBlanks(part, wanted) : std::nullopt;
+    if (found) return bytes.substr(begin + *found, wanted.size());
+    at = isWhole ? text.find('>', end) : end;
   }
   return std::nullopt;
 }

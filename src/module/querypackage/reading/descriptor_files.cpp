@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <boost/filesystem/exception.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <boost/filesystem/path.hpp>
 #include <boost/system/error_code.hpp>
@@ -207,10 +208,17 @@ FileReading ReadOpenFile(File& file, TextMode mode) {
   return reading;
 }
 
+// Not a fault of this file: no other one could be opened either.
+[[noreturn]] void ThrowNoDescriptorsLeft(const std::string& path, int error) {
+  throw fs::filesystem_error("the file cannot be opened", path,
+                             boost::system::error_code(error, boost::system::generic_category()));
+}
+
 FileReading OpenAndRead(const std::string& path, TextMode mode) {
   File file(path);
   if (!file.IsOpen()) {
     if (errno == ENOMEM) throw std::bad_alloc();
+    if (errno == EMFILE || errno == ENFILE) ThrowNoDescriptorsLeft(path, errno);
     return FaultyReading(FileFault::NotOpened, errno);
   }
   if (!file.IsRegular()) return FaultyReading(FileFault::NotRegular);
@@ -218,6 +226,10 @@ FileReading OpenAndRead(const std::string& path, TextMode mode) {
 }
 
 }  // namespace
+
+bool IsOutOfMemory(const boost::system::error_code& error) {
+  return error == boost::system::errc::not_enough_memory;
+}
 
 bool IsDirectory(const std::string& path) {
   return fs::status(fs::path(path)).type() == fs::directory_file;

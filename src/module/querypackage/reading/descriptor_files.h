@@ -3,6 +3,7 @@
 #define VORNIK_QUERYPACKAGE_READING_DESCRIPTOR_FILES_H
 
 #include <boost/filesystem/file_status.hpp>
+#include <boost/system/error_code.hpp>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -36,6 +37,9 @@ struct FileReading {
   std::optional<std::string> bytes;
 };
 
+// Whether an error of the file-system library is that memory ran out, and so no fault of a folder.
+bool IsOutOfMemory(const boost::system::error_code& error);
+
 // Whether path names a directory, through links. Throws what the file-system library throws if that
 // cannot be determined.
 bool IsDirectory(const std::string& path);
@@ -45,7 +49,8 @@ bool IsRegularFile(const std::string& path);
 
 // Reads what may be a descriptor: a regular file, or on Windows a reparse point that is no link, as
 // deduplicated files and placeholders of files in a cloud are. Nothing else is opened: a pipe would
-// block, a device may act. type is what the folder's listing says, and is checked on the open file.
+// block, a device may act. Throws a filesystem_error where the process or the system has no file
+// descriptors left. type is what the folder's listing says, and is checked on the open file.
 FileReading ReadEntry(const std::string& path, boost::filesystem::file_type type,
                       TextMode mode = nativeTextMode);
 

@@ -26,6 +26,7 @@
 #include <vector>
 
 #include "benchmark_query.h"
+#include "hostile_folders.h"
 #include "paired_timing.h"
 #include "program_time.h"
 
@@ -71,6 +72,7 @@ class Bounds {
                                             [this] { PeakMemory(); },
                                             [this] { Logging(); },
                                             [this] { SecondQuery(); },
+                                            [this] { HostileFolders(); },
                                             [this] { Program(); },
                                             [this] { GrowthOfProgram(); }};
     std::size_t number = 0;
@@ -207,14 +209,43 @@ class Bounds {
     const TemporaryRepository repository(options_.size);
     std::size_t text = 0;
     for (std::size_t i = 0; i < options_.size; ++i) text += DescriptorOf(i).size();
+    Add("peak memory / bytes of descriptor text", PeakOf(repository) / static_cast<double>(text),
+        2.5);
+  }
+
+  // In bytes.
+  double PeakOf(const TemporaryRepository& repository) const {
     const std::string command = fmt::format("'{}' --peak '{}'", program_, repository.Folder());
     std::FILE* child = popen(command.c_str(), "r");
     if (child == nullptr) throw std::runtime_error("the child process does not start");
     unsigned long long kibibytes = 0;
     const int fields = std::fscanf(child, "%llu", &kibibytes);
     if (pclose(child) != 0 || fields != 1) throw std::runtime_error("the child process failed");
-    Add("peak memory / bytes of descriptor text",
-        static_cast<double>(kibibytes) * 1024 / static_cast<double>(text), 2.5);
+    return static_cast<double>(kibibytes) * 1024;
+  }
+
+  // Each beside a sound folder of the same size, 10 MB by default. Driver groups that overlap are
+  // the documented exception.
+  void HostileFolders() {
+    const std::size_t bytes = options_.size * 1'000;
+    const TemporaryRepository sound(bytes / DescriptorOf(0).size());
+    for (const Testing::HostileFolder& hostile : Testing::HostileFolders()) {
+      const TemporaryRepository repository(1);  // a query without any package does not complete
+      std::size_t written = 0;
+      for (const auto& [name, text] : hostile.make(bytes)) {
+        std::ofstream(repository.Folder() + '/' + name, std::ios::binary) << text;
+        written += text.size();
+      }
+      const bool isException = hostile.name == std::string("driver-groups");
+      Add(fmt::format("{}, query / loading a sound folder of that size", hostile.name),
+          TimePairs(
+              std::min<std::size_t>(options_.pairs, 3),
+              [&] { return TimeQuery(repository.Folder()); },
+              [&] { return TimeLoading(sound.Folder()); }),
+          isException ? noBound : 20);
+      Add(fmt::format("{}, peak memory / bytes", hostile.name),
+          PeakOf(repository) / static_cast<double>(written), 120);
+    }
   }
 
   void Logging() {

@@ -39,6 +39,19 @@ if(large GREATER mostLarge)
   message(SEND_ERROR "a package costs more, the more packages there are")
 endif()
 
+# The same for whole folders. Codes and files that are looked up cost a logarithm more.
+set(growthPercent 112)
+foreach(shape IN ITEMS nested-values nested-text nested-elements long-code longest-code pack-versions
+    most-attributes supersede-lists)
+  count(${shape} 100000 small)
+  count(${shape} 400000 large)
+  math(EXPR mostLarge "${small} * 4 * ${growthPercent} / 100")
+  if(large GREATER mostLarge)
+    message(SEND_ERROR "${shape}: a byte costs more, the larger the folder is")
+  endif()
+endforeach()
+set(growthPercent 103)
+
 foreach(shape IN ITEMS markers elements attributes references line-ends comments unclosed)
   count(${shape} 100000 small)
   count(${shape} 400000 large)

@@ -13,6 +13,7 @@
 #include <string>
 
 #include "benchmark_query.h"
+#include "hostile_folders.h"
 
 namespace Vornik::Benchmarks {
 namespace {
@@ -81,7 +82,23 @@ int QueryHostileFile(const HostileShape& shape, std::size_t bytes) {
   return query.RunQuery(results) == QueryCode::NoResults ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
+int QueryHostileFolder(const Testing::HostileFolder& folder, std::size_t bytes) {
+  const TemporaryRepository repository(0);
+  for (const auto& [name, text] : folder.make(bytes)) {
+    std::ofstream(repository.Folder() + '/' + name, std::ios::binary) << text;
+  }
+  QueryPackageImp query;
+  SetUp(query);
+  query.xmlPackageFolder = repository.Folder();
+  Results results;
+  query.RunQuery(results);
+  return EXIT_SUCCESS;
+}
+
 int Run(const std::string& what, std::size_t packages) {
+  for (const Testing::HostileFolder& folder : Testing::HostileFolders()) {
+    if (what == folder.name) return QueryHostileFolder(folder, packages);
+  }
   for (const HostileShape& shape : hostileShapes) {
     if (what == shape.name) return QueryHostileFile(shape, packages);
   }
@@ -98,7 +115,7 @@ int Run(const std::string& what, std::size_t packages) {
 
 int main(int argc, char** argv) {
   if (argc != 3) {
-    std::cerr << "usage: instruction_probe query|filters|SHAPE NUMBER\n";
+    std::cerr << "usage: instruction_probe query|filters|SHAPE|FOLDER NUMBER\n";
     return EXIT_FAILURE;
   }
   return Vornik::Benchmarks::Run(argv[1], std::stoul(argv[2]));

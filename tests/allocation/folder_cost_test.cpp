@@ -1,0 +1,100 @@
+// What a query of a folder allocates, against the bytes of the folder. Linked as
+// out_of_memory_test is, so that the operator new below is the only one.
+#include <gtest/gtest.h>
+#include <malloc.h>
+
+#include <cstdlib>
+#include <new>
+
+#include "QueryPackage.h"
+#include "hostile_folders.h"
+#include "querypackageimp.h"
+#include "temp_folder.h"
+
+namespace {
+
+struct Counted {
+  std::size_t now = 0;
+  std::size_t most = 0;
+  std::size_t ever = 0;
+};
+Counted counted;
+
+void* Allocate(std::size_t size) {
+  void* memory = std::malloc(size == 0 ? 1 : size);
+  if (memory == nullptr) throw std::bad_alloc();
+  const std::size_t bytes = malloc_usable_size(memory);
+  counted.now += bytes;
+  counted.ever += bytes;
+  if (counted.now > counted.most) counted.most = counted.now;
+  return memory;
+}
+
+void Free(void* memory) noexcept {
+  if (memory != nullptr) counted.now -= malloc_usable_size(memory);
+  std::free(memory);
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) { return Allocate(size); }
+void* operator new[](std::size_t size) { return Allocate(size); }
+void operator delete(void* memory) noexcept { Free(memory); }
+void operator delete[](void* memory) noexcept { Free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { Free(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { Free(memory); }
+
+namespace Vornik::Testing {
+namespace {
+
+struct QueryCost {
+  std::size_t folder = 0;  // bytes
+  std::size_t most = 0;    // allocated at one time
+  std::size_t ever = 0;    // allocated in all
+};
+
+QueryCost CostOf(const FolderTexts& files) {
+  const TempFolder folder;
+  QueryCost cost;
+  for (const auto& [name, text] : files) {
+    folder.Write(name, text);
+    cost.folder += text.size();
+  }
+  QueryPackageImp query;
+  query.xmlPackageFolder = folder.Path();
+  query.machineType = "1234";
+  query.osValue = static_cast<OsValue>(10);
+  query.arcValue = static_cast<ArcValue>(9);
+  QueryPackageImp::Results results;
+  const std::size_t before = counted.now;
+  counted.most = before;
+  counted.ever = 0;
+  query.RunQuery(results);
+  cost.most = counted.most - before;
+  cost.ever = counted.ever;
+  return cost;
+}
+
+TEST(FolderCost, PeakMemoryIsBoundedByTheBytes) {
+  for (const HostileFolder& folder : HostileFolders()) {
+    const QueryCost cost = CostOf(folder.make(400'000));
+    EXPECT_GT(cost.folder, 200'000U) << folder.name;
+    EXPECT_LT(cost.folder, 500'000U) << folder.name;
+    EXPECT_LE(cost.most, 120 * cost.folder) << folder.name;
+  }
+}
+
+// Groups that overlap are gathered one at a time: all of them take as much as a square.
+TEST(FolderCost, AllocationsGrowWithTheBytes) {
+  for (const HostileFolder& folder : HostileFolders()) {
+    if (folder.name == std::string("driver-groups")) continue;
+    const QueryCost small = CostOf(folder.make(100'000));
+    const QueryCost large = CostOf(folder.make(400'000));
+    const double growth = static_cast<double>(large.ever) / static_cast<double>(small.ever);
+    const double ofBytes = static_cast<double>(large.folder) / static_cast<double>(small.folder);
+    EXPECT_LE(growth, 1.25 * ofBytes) << folder.name;
+  }
+}
+
+}  // namespace
+}  // namespace Vornik::Testing

@@ -229,6 +229,7 @@ class Bounds {
   void HostileFolders() {
     const std::size_t bytes = options_.size * 1'000;
     const TemporaryRepository sound(bytes / DescriptorOf(0).size());
+    SetMinLogLevel(0);
     for (const Testing::HostileFolder& hostile : Testing::HostileFolders()) {
       const TemporaryRepository repository(1);  // a query without any package does not complete
       std::size_t written = 0;
@@ -246,6 +247,7 @@ class Bounds {
       Add(fmt::format("{}, peak memory / bytes", hostile.name),
           PeakOf(repository) / static_cast<double>(written), 120);
     }
+    SetMinLogLevel(1);
   }
 
   void Logging() {
@@ -365,6 +367,7 @@ unsigned long long PeakKibibytes() {
 }
 
 int PrintPeak(const std::string& folder) {
+  SetMinLogLevel(0);
   const unsigned long long before = PeakKibibytes();
   const FreshQuery query(folder);
   std::cout << PeakKibibytes() - before << '\n';

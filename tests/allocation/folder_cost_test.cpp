@@ -9,6 +9,7 @@
 #include "QueryPackage.h"
 #include "hostile_folders.h"
 #include "querypackageimp.h"
+#include "recording_log.h"
 #include "temp_folder.h"
 
 namespace {
@@ -66,6 +67,7 @@ QueryCost CostOf(const FolderTexts& files) {
   query.osValue = static_cast<OsValue>(10);
   query.arcValue = static_cast<ArcValue>(9);
   QueryPackageImp::Results results;
+  RecordingLog::Reset(0);
   const std::size_t before = counted.now;
   counted.most = before;
   counted.ever = 0;

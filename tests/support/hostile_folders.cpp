@@ -121,8 +121,8 @@ FolderTexts DriverGroups(std::size_t bytes) {
 FolderTexts SupersedeLists(std::size_t bytes) {
   FolderTexts files;
   Texts codes;
-  for (std::size_t i = 0; i < 100; ++i) codes.push_back(Name("a", i));
-  for (std::size_t i = 0; i < bytes / 2'400; ++i) {
+  for (std::size_t i = 0; i < 40; ++i) codes.push_back(Name("a", i));
+  for (std::size_t i = 0; i < bytes / 1'000; ++i) {
     files.emplace_back(Name("a", i) + ".xml", "<!-- SystemUpdateElement -->\n<r>" +
                                                   Property("identificationCode", Name("a", i)) +
                                                   List("supersede", codes) + "</r>");

@@ -150,6 +150,7 @@ TEST_F(LintOutputTest, JsonOfEveryFindingIsValid) {
     ExpectValidJson(Lint({"--format", "json", "--target", target}).out);
   }
   const Outcome outcome = Lint({"--format", "json", "--baseline", baseline, "--ignore", "utf-16"});
+  ExpectValidSarif(Lint({"--format", "sarif", "--baseline", baseline}).out);
   EXPECT_FALSE(Json::parse(outcome.out)["known"].empty());
   EXPECT_FALSE(Json::parse(outcome.out)["fixed"].empty());
   ExpectValidJson(outcome.out);

@@ -108,6 +108,26 @@ TEST_F(LintStatementTest, PackageWithoutACodeIsCalledSo) {
               EndsWith("is that of 2 packages: the package without a code, \"a\"."));
 }
 
+TEST_F(LintStatementTest, RepeatedCodeDependsOnTheListingWhereNoPackListsIt) {
+  WriteFiles(PackageFiles("a", SoundText("a")) +
+             PackageFiles("b", PutValue(SoundText("b"), "identificationCode", "a")));
+  const auto texts = [this] {
+    std::vector<std::string> found;
+    const Json document = LintJson({"--only", "code-repeated"});
+    for (const Json& finding : document["findings"]) found.push_back(finding["text"]);
+    return found;
+  };
+  EXPECT_THAT(texts(), testing::ElementsAre(
+                           "2 packages have the code \"a\"; one of the others is in b.xml, line 4, "
+                           "and the folder's listing decides which is kept.",
+                           "2 packages have the code \"a\"; one of the others is in a.xml, line 4, "
+                           "and the folder's listing decides which is kept."));
+  folder.Write("p.xml", PackText({OwnInstance("p.xml"), SoundInstance("a")}));
+  EXPECT_THAT(texts(), testing::Each(testing::Not(HasSubstr("listing"))));
+  EXPECT_EQ(QueriedCodes().size(), 1U);
+  EXPECT_THAT(QueryJson()["records"][0]["kovuXmlFile"].get<std::string>(), EndsWith("p.xml"));
+}
+
 TEST_F(LintStatementTest, TextNamesTheTargetWhereItIsAnother) {
   WriteFiles(SoundPackage("a"));
   for (const char* target : {"windows", "posix"}) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "lint/checks/checks.h"
+#include "lint/checks/pack_lists.h"
 #include "model/literals.h"
 #include "output/wording.h"
 #include "text/letter_case.h"
@@ -29,18 +30,22 @@ std::string PlaceText(const LintPackage& package) {
 // Packages of which a query keeps one for each code.
 using Rivals = std::vector<const LintPackage*>;
 
-void CheckRepeats(const Rivals& rivals, LintReport& report) {
+// lists: null where the order of the rivals is known. Individual descriptors come after the members
+// of a pack, so the folder's listing decides only where no pack lists the code.
+void CheckRepeats(const Rivals& rivals, const PackLists* lists, LintReport& report) {
   std::map<std::string, Rivals> byCode;
   for (const LintPackage* package : rivals) {
     if (!package->Code().empty()) byCode[package->Code()].push_back(package);
   }
   for (const auto& [code, packages] : byCode) {
+    const bool dependsOnListing = lists != nullptr && lists->Listing(code).empty();
     for (const LintPackage* package : packages) {
       if (packages.size() == 1) break;
       const LintPackage* other = packages.front() == package ? packages[1] : packages.front();
       Add(LintId::CodeRepeated, *package,
-          fmt::format("{} packages have the code {}; one of the others is in {}.", packages.size(),
-                      QuotedBriefly(code), PlaceText(*other)),
+          fmt::format("{} packages have the code {}; one of the others is in {}{}.",
+                      packages.size(), QuotedBriefly(code), PlaceText(*other),
+                      dependsOnListing ? ", and the folder's listing decides which is kept" : ""),
           report);
     }
   }
@@ -52,11 +57,12 @@ void CheckRepeatsEverywhere(const LintFolder& folder, LintReport& report) {
     for (std::size_t i = 0; i < pack.members.size(); ++i) {
       if (pack.isPackage[i]) members.push_back(&pack.members[i]);
     }
-    CheckRepeats(members, report);
+    CheckRepeats(members, nullptr, report);
   }
   Rivals individuals;
   for (const LintPackage& package : folder.individuals) individuals.push_back(&package);
-  CheckRepeats(individuals, report);
+  const PackLists lists(folder);
+  CheckRepeats(individuals, &lists, report);
 }
 
 void CheckCase(const LintFolder& folder, LintReport& report) {

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "document_check.h"
 #include "program_run.h"
 #include "temp_folder.h"
 
@@ -38,7 +39,9 @@ Outcome RunProgram(const std::string& program, const Arguments& arguments,
 std::string CliPath() { return QUERYPACKAGE_CLI; }
 
 Outcome RunCli(const Arguments& arguments, const Variables& variables) {
-  return RunProgram(CliPath(), arguments, variables);
+  Outcome outcome = RunProgram(CliPath(), arguments, variables);
+  KeepDocument(arguments, outcome.out);
+  return outcome;
 }
 
 std::vector<std::string> LinesOf(const std::string& text) {

@@ -1,16 +1,19 @@
+#include <algorithm>
 #include <cerrno>
 #include <exception>
 #include <functional>
-#include <iostream>
 #include <string>
+#include <vector>
 
 #include "QueryPackage.h"
+#include "commands/command_frame.h"
 #include "commands/exit_status.h"
 #include "commands/explain_command.h"
 #include "commands/lint_command.h"
 #include "commands/list_command.h"
 #include "commands/parser.h"
 #include "commands/query_command.h"
+#include "commands/usage_error.h"
 
 #ifndef _WIN32
 #include <fcntl.h>
@@ -38,19 +41,40 @@ constexpr const char* closingHelp = R"(Exit status:
   74  Standard output could not be written.
 Each status but 0 comes with a line on standard error that says what to do.
 
-A verdict is "pass", "fail" or "none": the filter is off, or the data it needs are missing.
-The output is coloured on a terminal, unless NO_COLOR is set to a text that is not empty.
+The output is coloured on a terminal, unless NO_COLOR is set to a text that is not empty, or TERM
+is "dumb". --color decides otherwise.
 
-Example:
+"querypackage-cli help query" prints the help of query alone.
+
+Examples:
   querypackage-cli query packages --machine-type 1234 --os 10 --arch 9 --update-type 1
   querypackage-cli list packages
   querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 --package orx_drv_a
   querypackage-cli lint packages --fail-on warning)";
 
 int PrintAndEnd(const std::string& text) {
-  std::cout << text << std::flush;
-  return std::cout.good() ? ExitStatus::success
-                          : Fail(ExitStatus::outputLost, "standard output could not be written");
+  return Print(text) ? ExitStatus::success
+                     : Fail(ExitStatus::outputLost, "standard output could not be written");
+}
+
+int PrintHelp(const CLI::App& app) {
+  const bool isOfSubcommand = !app.get_subcommands().empty();
+  const auto mode = isOfSubcommand ? CLI::AppFormatMode::Normal : CLI::AppFormatMode::All;
+  return PrintAndEnd(app.help("", mode));
+}
+
+// "help query" is "query --help", and "help" alone "--help".
+std::vector<std::string> ArgumentsOf(int argc, char** argv) {
+  if (argc < 1) return {};
+  std::vector<std::string> arguments(argv + 1, argv + argc);
+  if (arguments.empty() || arguments.front() != "help") return arguments;
+  arguments.erase(arguments.begin());
+  arguments.emplace_back("--help");
+  return arguments;
+}
+
+int FailOnUsage(const std::string& text) {
+  return Fail(ExitStatus::usage, text + "; see \"querypackage-cli --help\"");
 }
 
 // A standard descriptor that is closed would become the next file that is opened, such as the log.
@@ -81,14 +105,17 @@ int Run(int argc, char** argv) {
   AddQueryCommand(app, chosen);
   AddExplainCommand(app, chosen);
   AddLintCommand(app, chosen);
+  std::vector<std::string> arguments = ArgumentsOf(argc, argv);
+  if (const auto wrong = FindWrongSubcommand(app, arguments)) return FailOnUsage(*wrong);
+  std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the end
   try {
-    app.parse(argc, argv);
+    app.parse(arguments);
   } catch (const CLI::CallForHelp&) {
-    return PrintAndEnd(app.help("", CLI::AppFormatMode::All));
+    return PrintHelp(app);
   } catch (const CLI::CallForVersion& version) {
     return PrintAndEnd(std::string(version.what()) + '\n');
   } catch (const CLI::ParseError& error) {
-    return Fail(ExitStatus::usage, std::string(error.what()) + "; see \"querypackage-cli --help\"");
+    return FailOnUsage(TextOf(app, error));
   }
   return chosen();
 }

@@ -41,11 +41,40 @@ TEST_F(CommandLineTest, HelpNamesEveryOptionAndExitStatus) {
                              "\n  70 ",
                              "\n  74 ",
                              "NO_COLOR",
-                             "Example:\n  querypackage-cli query "}) {
+                             "Examples:\n  querypackage-cli query "}) {
       EXPECT_THAT(outcome.out, HasSubstr(part)) << arguments.back();
     }
   }
   EXPECT_THAT(RunCli({"--help"}).out, HasSubstr("--version"));
+}
+
+TEST_F(CommandLineTest, EachSubcommandHasItsOwnHelp) {
+  const struct {
+    const char* subcommand;
+    std::vector<const char*> statuses;
+    const char* foreign;  // which another subcommand has
+  } cases[] = {
+      {"list", {"0", "2", "3", "4", "64", "70", "74"}, "\n  65 "},
+      {"query", {"0", "2", "3", "4", "64", "65", "70", "74"}, "\n  71 "},
+      {"explain", {"0", "1", "2", "3", "64", "65", "70", "71", "74"}, "\n  4 "},
+      {"lint", {"0", "1", "2", "3", "64", "70", "74"}, "\n  65 "},
+  };
+  for (const auto& one : cases) {
+    SCOPED_TRACE(one.subcommand);
+    const std::string help = RunCli({one.subcommand, "--help"}).out;
+    EXPECT_EQ(RunCli({"help", one.subcommand}).out, help);
+    EXPECT_THAT(help, HasSubstr("Usage: querypackage-cli " + std::string(one.subcommand) + ' '));
+    for (const char* status : one.statuses) {
+      EXPECT_THAT(help, HasSubstr("\n  " + std::string(status) + "  "));
+    }
+    EXPECT_THAT(help, testing::Not(HasSubstr(one.foreign)));
+    const auto lines = LinesOf(help.substr(help.find("\nExamples:\n") + 1));
+    ASSERT_EQ(lines.size(), 3U) << help;
+    const std::string start = "  querypackage-cli " + std::string(one.subcommand) + ' ';
+    EXPECT_THAT(lines[1], StartsWith(start));
+    EXPECT_THAT(lines[2], StartsWith(start));
+  }
+  EXPECT_EQ(RunCli({"help"}).out, RunCli({"--help"}).out);
 }
 
 TEST_F(CommandLineTest, VersionIsThatOfTheHeader) {
@@ -68,8 +97,26 @@ TEST_F(CommandLineTest, WrongOrIncompleteLinesAreRefused) {
     const char* says;
   } cases[] = {
       {{}, "subcommand"},
-      {{"enquire"}, "subcommand"},
-      {{"--os", "10"}, "subcommand"},
+      {{"enquire"}, "\"enquire\" is not a subcommand (list, query, explain, lint);"},
+      {{"qeury"},
+       "\"qeury\" is not a subcommand (list, query, explain, lint); did you mean "
+       "\"query\"?"},
+      {{"help", "explian"}, "did you mean \"explain\"?"},
+      {{"--os", "10"}, "\"--os\" has to follow a subcommand"},
+      {{"--versoin"}, "did you mean \"--version\"?"},
+      {query({"folder", "--no-kovu"}), "\"--no-kovu\" is not an option of query;"},
+      {{"query", "folder", "--machine-typ", "1234", "--os", "10", "--arch", "9"},
+       "\"--machine-typ\" is not an option of query; did you mean \"--machine-type\"?"},
+      {{"query", "folder", "--machine_type=1234", "--os", "10", "--arch", "9"},
+       "\"--machine_type\" is not an option of query; did you mean \"--machine-type\"?"},
+      {query({"folder", "other"}), "\"other\" is one argument too many for query"},
+      {{"list", "folder", "--formt", "csv"}, "did you mean \"--format\"?"},
+      {{"query", "folder", "--machine-type", "1234", "--os", "ten", "--arch", "9"},
+       "\"ten\" is not a whole number from 1 to 4294967295"},
+      {{"query", "folder", "--machine-type", "1234", "--os", "0", "--arch", "9"},
+       "\"0\" is not a whole number from 1 to 4294967295"},
+      {{"query", "folder", "--machine-type", "1234", "--os", "10", "--arch", "0"},
+       "--arch: \"0\" is not a whole number from 1 to 4294967295"},
       {query({}), "FOLDER"},
       {query({"folder", "other"}), "other"},
       {query({"folder", "--wrong"}), "--wrong"},
@@ -177,7 +224,7 @@ TEST_F(CommandLineTest, FolderThatLooksLikeAnOptionFollowsTwoDashes) {
   const Outcome outcome = RunCli(
       {"query", "--machine-type", "1234", "--os", "10", "--arch", "9", "--", "--no-such-folder"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.out, "xml package folder: --no-such-folder is not valid folder\n");
+  EXPECT_THAT(outcome.err, HasSubstr("\"--no-such-folder\" is not a folder"));
 }
 
 }  // namespace

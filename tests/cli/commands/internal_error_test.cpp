@@ -19,7 +19,7 @@ class InternalErrorTest : public CliTest {
     settings.osValue = static_cast<OsValue>(10);
     settings.arcValue = static_cast<ArcValue>(9);
     reading = Cli::ReadFolder(folder.Path());
-    run = Cli::RunLibrary(settings, Cli::Format::Json);
+    run = Cli::RunLibrary(settings);
   }
 
   // The status, with the lines on standard error in error.

@@ -1,5 +1,6 @@
 // Which log records are written, and where.
 #include <algorithm>
+#include <filesystem>
 
 #include "cli_fixture.h"
 
@@ -54,7 +55,7 @@ TEST_F(LogTest, LevelChoosesTheRecords) {
 TEST_F(LogTest, FileTakesTheRecordsAndIsAppendedTo) {
   WriteNoisyFolder();
   TempFolder logs;
-  const std::string file = logs.Path() + "/new/query.log";
+  const std::string file = logs.Path() + "/query.log";
   for (std::size_t run = 1; run <= 2; ++run) {
     const Outcome outcome =
         Query({"--no-payload-exist-filter", "--log-level", "2", "--log-file", file});
@@ -65,6 +66,28 @@ TEST_F(LogTest, FileTakesTheRecordsAndIsAppendedTo) {
     EXPECT_EQ(CountOf(text, "warning"), run);
     EXPECT_THAT(text, HasSubstr("notes.xml is not a valid ORX xml"));
   }
+}
+
+TEST_F(LogTest, FileInTheFolderOfThePackagesIsRefused) {
+  WritePackage("a");
+  std::filesystem::create_directory(folder.Path() + "/sub");
+  for (const std::string& file : {folder.Path() + "/query.log", folder.Path() + "/sub/query.log",
+                                  folder.Path() + "/sub/../query.log", PathOf("a.xml")}) {
+    const Outcome outcome = Query({"--log-file", file});
+    EXPECT_EQ(outcome.status, 64) << file;
+    EXPECT_THAT(outcome.err, HasSubstr("(it is in the folder of the packages)")) << file;
+  }
+  EXPECT_THAT(CodesOf(QueryJson()), testing::ElementsAre("a"));
+}
+
+TEST_F(LogTest, NoFolderIsCreatedForAFile) {
+  WritePackage("a");
+  TempFolder logs;
+  const Outcome outcome = Query({"--log-file", logs.Path() + "/new/query.log"});
+  EXPECT_EQ(outcome.status, 64);
+  EXPECT_THAT(outcome.err, HasSubstr("(its folder does not exist)"));
+  const Outcome later = Query({"--log-file", logs.Path() + "/new"});
+  EXPECT_EQ(later.status, 0) << "there is no folder by that name";
 }
 
 TEST_F(LogTest, WhatToDoGoesToStandardErrorEvenWithAFile) {

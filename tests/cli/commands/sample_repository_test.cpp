@@ -87,7 +87,8 @@ TEST(SampleRepositoryTest, TableHasALineForEachRecord) {
   EXPECT_EQ(outcome.err, "");
   const std::size_t packages = DescribedVerdicts().size();
   const auto lines = LinesOf(outcome.out);
-  ASSERT_EQ(lines.size(), packages + 2);
+  ASSERT_EQ(lines.size(), packages + 3);
+  EXPECT_EQ(lines[packages + 1], "Pack in use: pack_desktop_1234.xml, version 2.1.");
   EXPECT_THAT(lines.back(), testing::StartsWith(std::to_string(packages) + " packages: "));
 }
 

@@ -40,7 +40,7 @@ class FolderChangedTest : public CliTest {
     const auto before = Cli::ListEntries(folder.Path());
     const Cli::FolderReading reading = Cli::ReadFolder(folder.Path());
     beforeQuery();
-    const Cli::LibraryRun run = Cli::RunLibrary(settings, Cli::Format::Json);
+    const Cli::LibraryRun run = Cli::RunLibrary(settings);
     afterQuery();
     Cli::QueryModel model(reading, folder.Path());
     const Cli::Evaluation evaluation = model.Evaluate(settings);
@@ -157,15 +157,14 @@ TEST_F(FolderChangedTest, OtherFileThatGrowsIsNoChange) {
   EXPECT_FALSE(ExplainAfter([this] { folder.Write("notes.txt", "xy"); }).folderChanged);
 }
 
-TEST_F(FolderChangedTest, LogInTheFolderIsNoChange) {
+TEST_F(FolderChangedTest, LogInTheFolderIsRefused) {
   WritePackage("a");
-  Arguments arguments = QueryArguments(
-      {"--package", "a", "--format", "json", "--log-level", "3", "--log-file", PathOf("log.txt")});
+  Arguments arguments = QueryArguments({"--package", "a", "--log-file", PathOf("log.txt")});
   arguments.front() = "explain";
   const Outcome outcome = RunCli(arguments);
-  ASSERT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_EQ(Json::parse(outcome.out)["folderChanged"], false);
-  EXPECT_GT(std::filesystem::file_size(PathOf("log.txt")), 0U);
+  EXPECT_EQ(outcome.status, 64);
+  EXPECT_THAT(outcome.err, testing::HasSubstr("(it is in the folder of the packages)"));
+  EXPECT_FALSE(std::filesystem::exists(PathOf("log.txt")));
 }
 
 }  // namespace

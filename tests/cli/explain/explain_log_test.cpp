@@ -46,7 +46,7 @@ class ExplainLogTest : public RandomFolderTest {
 
   Cli::LibraryRun Run(const Cli::QuerySettings& settings) {
     lines_->clear();
-    return Cli::RunLibrary(settings, Cli::Format::Json);
+    return Cli::RunLibrary(settings);
   }
 
   // The lines of a stage, up to a level; none if it did not run.

@@ -15,7 +15,7 @@ using Cli::QuerySettings;
 using Records = std::vector<QueryPackageResult>;
 
 bool Passes(const QuerySettings& settings, const std::string& code) {
-  const Cli::LibraryRun run = Cli::RunLibrary(settings, Cli::Format::Json);
+  const Cli::LibraryRun run = Cli::RunLibrary(settings);
   const auto record = std::find_if(run.records.begin(), run.records.end(), [&](const auto& each) {
     return each.identificationCode == code;
   });
@@ -60,7 +60,7 @@ class ExplainPropertyTest : public RandomFolderTest {
  protected:
   void Check(const QuerySettings& settings) {
     const Cli::FolderReading reading = Cli::ReadFolder(folder.Path());
-    const Cli::LibraryRun run = Cli::RunLibrary(settings, Cli::Format::Json);
+    const Cli::LibraryRun run = Cli::RunLibrary(settings);
     if (run.code != QueryCode::Completed) return;
     Cli::QueryModel model(reading, folder.Path());
     const Cli::Evaluation evaluation = model.Evaluate(settings);

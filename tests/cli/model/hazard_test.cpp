@@ -52,7 +52,7 @@ TEST_F(HazardTest, InstanceThatDoesNotBeginWithClassnameIsRefusedWithItsLine) {
   WritePackage("a");
   folder.Write("pack.xml", PackWithMisfit());
   ExpectRefused(PathOf("pack.xml") + ":3", misfitTexts);
-  ExpectRefused(PathOf("pack.xml") + ":3", misfitTexts, {"--format", "json"});
+  ExpectRefused(PathOf("pack.xml") + ":3", misfitTexts, {"--format", "csv"});
 }
 
 TEST_F(HazardTest, PackForAnotherMachineIsLoadedTooAndRefused) {
@@ -153,7 +153,7 @@ TEST_F(HazardTest, MissingClassificationsThatNoQueryReachesAreNone) {
                             .Set("driverFiles", {"a.sys-#1"})
                             .Set("driverFilesClassification", {"x", "y"})
                             .Individual());
-  const Outcome outcome = Query({"--log-level", "0"});
+  const Outcome outcome = Query({"--log-level", "0", "--quiet"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
   // The same folder for the machine type of the other pack.
@@ -173,7 +173,7 @@ TEST_F(HazardTest, PacksThatAreDisplacedHideTheirMembers) {
     folder.Write(
         file, Pack({PackItself(file, greatest ? "9" : "1"), member.Set("xmlFilename", "m.xml")}));
   }
-  const Outcome outcome = Query({"--log-level", "0"});
+  const Outcome outcome = Query({"--log-level", "0", "--quiet"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
 }

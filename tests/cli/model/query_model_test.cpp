@@ -35,7 +35,7 @@ TEST_F(QueryModelTest, GivesTheRecordsOfTheLibrary) {
     // Several queries with one model, which remembers some answers.
     for (int query = 0; query < 4; ++query) {
       const Cli::QuerySettings settings = ValidSettings(random);
-      const Cli::LibraryRun run = Cli::RunLibrary(settings, Cli::Format::Json);
+      const Cli::LibraryRun run = Cli::RunLibrary(settings);
       const Cli::Evaluation evaluation = model.Evaluate(settings);
       ASSERT_TRUE(evaluation.canRun);
       ASSERT_EQ(FirstDifference(evaluation.records, run.records), "");

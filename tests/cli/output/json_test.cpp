@@ -15,7 +15,8 @@ TEST_F(JsonTest, KeysAreThoseOfTheRecordInItsOrder) {
   WritePackage("a");
   folder.Write("b.xml", Package("b").Set("driverFiles", {"b.sys-#1"}).Individual());
   const Json document = QueryJson();
-  EXPECT_THAT(KeysOf(document), ElementsAre("query", "returnCode", "records"));
+  EXPECT_THAT(KeysOf(document), ElementsAre("schemaVersion", "query", "returnCode", "records",
+                                            "answers", "pack", "packText", "warnings", "hazard"));
   EXPECT_THAT(KeysOf(document["query"]),
               ElementsAre("folder", "machineType", "osValue", "arcValue", "updateTypes",
                           "includePackageIds", "excludePackageIds", "kovuFilter", "sepFilter",
@@ -107,7 +108,8 @@ TEST_F(JsonTest, EveryValueIsTheRecords) {
                      {"includeIdFilterStatus", 2},
                      {"excludeIdFilterStatus", 2},
                      {"updateTypeFilterStatus", 2}};
-  const Json expected = {{"query",
+  const Json expected = {{"schemaVersion", 2},
+                         {"query",
                           {{"folder", folder.Path()},
                            {"machineType", "1234"},
                            {"osValue", 10},
@@ -120,7 +122,12 @@ TEST_F(JsonTest, EveryValueIsTheRecords) {
                            {"payloadExistFilter", true},
                            {"supersedeFilter", true}}},
                          {"returnCode", 0},
-                         {"records", Json::array({full, bare})}};
+                         {"records", Json::array({full, bare})},
+                         {"answers", {"offered", "refused"}},
+                         {"pack", {{"file", "pack_a.xml"}, {"version", "1"}}},
+                         {"packText", "Pack in use: pack_a.xml, version 1."},
+                         {"warnings", Json::array()},
+                         {"hazard", nullptr}};
   const Json document =
       QueryJson({"--update-type", "1", "--include", "ORX_FULL", "--exclude", "orx_utl_SEP"});
   EXPECT_EQ(document.dump(2), expected.dump(2));

@@ -69,8 +69,8 @@ TEST_F(TerminalTest, VerdictsAreColoured) {
   const std::string text = QueryOnTerminal(nullptr);
   EXPECT_THAT(text, HasSubstr("\x1B[32mpass\x1B[0m"));
   EXPECT_THAT(text, HasSubstr("\x1B[31mfail\x1B[0m"));
-  EXPECT_THAT(text, HasSubstr("\x1B[2mnone\x1B[0m"));
-  EXPECT_THAT(text, HasSubstr("\x1B[31myes\x1B[0m"));
+  EXPECT_THAT(text, HasSubstr("\x1B[2m-\x1B[0m"));
+  EXPECT_THAT(text, HasSubstr("\x1B[31mno\x1B[0m"));
 }
 
 TEST_F(TerminalTest, ColourMovesNoColumn) {
@@ -90,6 +90,24 @@ TEST_F(TerminalTest, NoColorOfAnyValueButTheEmptyOneDeclinesColour) {
     EXPECT_THAT(QueryOnTerminal(value), Not(HasSubstr("\x1B"))) << value;
   }
   EXPECT_THAT(QueryOnTerminal(""), HasSubstr("\x1B[32m"));
+}
+
+TEST_F(TerminalTest, DumbTerminalHasNoColour) {
+  WritePackage("a");
+  setenv("TERM", "dumb", 1);
+  EXPECT_THAT(QueryOnTerminal(nullptr), Not(HasSubstr("\x1B")));
+  EXPECT_THAT(QueryOnTerminal(nullptr, {"--color", "always"}), HasSubstr("\x1B[32m"));
+  unsetenv("TERM");
+  EXPECT_THAT(QueryOnTerminal(nullptr), HasSubstr("\x1B[32m"));
+}
+
+TEST_F(TerminalTest, OptionDecidesAgainstTerminalAndEnvironment) {
+  WritePackage("a");
+  EXPECT_THAT(QueryOnTerminal(nullptr, {"--color", "never"}), Not(HasSubstr("\x1B")));
+  EXPECT_THAT(QueryOnTerminal(nullptr, {"--color", "auto"}), HasSubstr("\x1B[32m"));
+  EXPECT_THAT(QueryOnTerminal("1", {"--color", "always"}), HasSubstr("\x1B[32m"));
+  EXPECT_THAT(Query({"--color", "always"}).out, HasSubstr("\x1B[32m"));
+  EXPECT_EQ(Query({"--color", "sometimes"}).status, 64);
 }
 
 TEST_F(TerminalTest, JsonHasNoColour) {

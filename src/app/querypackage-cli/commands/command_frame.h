@@ -7,6 +7,7 @@
 #include <string>
 
 #include "commands/options.h"
+#include "model/hazard_check.h"
 #include "reading/folder_contents.h"
 
 namespace Vornik::Cli {
@@ -14,11 +15,14 @@ namespace Vornik::Cli {
 // Each returns the exit status with which the program has to end before it queries, with its line
 // printed; none: go on.
 
-// Directs the log records.
-std::optional<int> DirectLog(const LogOptions& log);
+// Directs the log records of a query. A query that will be refused logs nothing to standard error
+// unless a level is given, since the line about the refusal says the same.
+std::optional<int> DirectLog(const LogOptions& log, const QuerySettings& query);
 
 // Looks for contents of the query's folder that would hang the query or abort the process.
 std::optional<int> RefuseHazard(const QuerySettings& settings, const FolderContents& contents);
+
+int FailOnHazard(const Hazard& hazard);
 
 // The exit status of run, or that of the exception which leaves it.
 int StatusOfRun(const std::function<int()>& run);

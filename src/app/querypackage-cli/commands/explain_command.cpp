@@ -8,6 +8,7 @@
 
 #include "commands/command_frame.h"
 #include "commands/exit_status.h"
+#include "commands/help_texts.h"
 #include "commands/options.h"
 #include "commands/parser.h"
 #include "explain/explain.h"
@@ -27,12 +28,14 @@ struct ExplainOptions {
   std::string package;
   Format format = Format::Table;
   LogOptions log;
+  DisplayOptions display;
   bool trust = false;
 };
 
 bool PrintExplanation(const ExplainOptions& options, const Explanation& explanation) {
   if (options.format == Format::Json) return Print(ExplanationJson(explanation));
-  return !IsExplained(explanation.returnCode) || Print(ExplanationText(explanation, WantsColour()));
+  return !IsExplained(explanation.returnCode) ||
+         Print(ExplanationText(explanation, WantsColour(options.display.colour)));
 }
 
 int StatusOf(const Explanation& explanation) {
@@ -51,8 +54,8 @@ int ExplainPackage(const ExplainOptions& options) {
   if (!options.trust) {
     if (const auto refusal = RefuseHazard(options.query, contents)) return *refusal;
   }
-  const LibraryRun run = RunLibrary(options.query, options.format, contents);
-  ReportLostLogRecords();
+  const LibraryRun run = RunLibrary(options.query, contents);
+  if (!options.display.quiet) ReportLostLogRecords();
 
   const FolderReading folder = Load(std::move(contents));
   QueryModel model(folder, options.query.folder);
@@ -65,7 +68,7 @@ int ExplainPackage(const ExplainOptions& options) {
 }
 
 int RunExplainCommand(const ExplainOptions& options) {
-  if (const auto refusal = DirectLog(options.log)) return *refusal;
+  if (const auto refusal = DirectLog(options.log, options.query)) return *refusal;
   return StatusOfRun([&options] { return ExplainPackage(options); });
 }
 
@@ -87,7 +90,9 @@ void AddExplainCommand(CLI::App& app, std::function<int()>& chosen) {
   AddPackage(*command, options->package);
   AddFormat(*command, options->format);
   AddLogOptions(*command, options->log);
+  AddDisplay(*command, options->display);
   AddTrust(*command, options->trust);
+  command->footer(HelpText::explain);
   command->callback(
       [options, &chosen] { chosen = [options] { return RunExplainCommand(*options); }; });
 }

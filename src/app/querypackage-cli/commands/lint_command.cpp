@@ -16,6 +16,7 @@
 #include "QueryPackage.h"
 #include "commands/command_frame.h"
 #include "commands/exit_status.h"
+#include "commands/help_texts.h"
 #include "commands/options.h"
 #include "commands/parser.h"
 #include "lint/baseline.h"
@@ -37,11 +38,12 @@ struct LintOptions {
   std::optional<Severity> failOn = Severity::Error;  // none: never
   std::string baseline;
   std::string newBaseline;
+  ColourChoice colour = ColourChoice::Auto;
   const LintRule* explained = nullptr;
 };
 
-std::string Render(const LintResult& result, LintFormat format) {
-  switch (format) {
+std::string Render(const LintResult& result, const LintOptions& options) {
+  switch (options.format) {
     case LintFormat::Json:
       return LintJson(result);
     case LintFormat::Sarif:
@@ -49,7 +51,7 @@ std::string Render(const LintResult& result, LintFormat format) {
     case LintFormat::Text:
       break;
   }
-  return LintText(result, WantsColour());
+  return LintText(result, WantsColour(options.colour));
 }
 
 bool Fails(const LintCounts& counts, std::optional<Severity> failOn) {
@@ -124,7 +126,7 @@ int LintFolderOf(LintOptions options) {
   if (const auto status = SelectFiles(options)) return *status;
   if (const auto status = ReadBaseline(options)) return *status;
   const LintResult result = Lint(options.lint);
-  if (!Print(Render(result, options.format))) return FailToPrint();
+  if (!Print(Render(result, options))) return FailToPrint();
   if (options.newBaseline.empty() || result.walkFailure) return StatusOf(result, options.failOn);
   return WriteBaseline(result, options.newBaseline);
 }
@@ -230,6 +232,8 @@ void AddLintCommand(CLI::App& app, std::function<int()>& chosen) {
          "Id of a finding to report; others are omitted. Repeatable");
   AddBaselines(*command, *options);
   AddExplained(*command, options->explained);
+  AddColour(*command, options->colour);
+  command->footer(HelpText::lint);
   command->callback([options, folder, &chosen] {
     if (folder->count() == 0 && options->explained == nullptr) {
       throw CLI::RequiredError("FOLDER");

@@ -8,6 +8,7 @@
 #include "QueryPackage.h"
 #include "commands/command_frame.h"
 #include "commands/exit_status.h"
+#include "commands/help_texts.h"
 #include "commands/options.h"
 #include "commands/parser.h"
 #include "list/output.h"
@@ -23,6 +24,7 @@ struct ListOptions {
   std::string folder;
   ListFormat format = ListFormat::Table;
   ListPart part = ListPart::All;
+  DisplayOptions display;
 };
 
 std::string Render(const FolderList& list, const ListOptions& options) {
@@ -34,7 +36,7 @@ std::string Render(const FolderList& list, const ListOptions& options) {
     case ListFormat::Table:
       break;
   }
-  return ListText(list, options.part, WantsColour());
+  return ListText(list, options.part, options.display.quiet, WantsColour(options.display.colour));
 }
 
 int StatusOf(const FolderList& list) {
@@ -88,6 +90,8 @@ void AddListCommand(CLI::App& app, std::function<int()>& chosen) {
   AddFolder(*command, options->folder);
   AddListFormat(*command, options->format);
   AddShow(*command, options->part);
+  AddDisplay(*command, options->display);
+  command->footer(HelpText::list);
   command->callback([options, &chosen] {
     chosen = [options] { return StatusOfRun([&options] { return ListFolderOf(*options); }); };
   });

@@ -39,7 +39,7 @@ void AddCode(CLI::App& command, const std::string& name, Code& code, const std::
       .add_option_function<std::string>(
           name,
           [name, &code](const std::string& text) {
-            code = static_cast<Code>(ParseNumber<std::uint32_t>(name, text));
+            code = static_cast<Code>(ParseNumber<std::uint32_t>(name, text, 1));
           },
           help)
       ->type_name("N")
@@ -136,6 +136,7 @@ void AddLogOptions(CLI::App& command, LogOptions& log) {
           "--log-level",
           [&log](const std::string& text) {
             log.level = ParseNumber<unsigned int>("--log-level", text, 0, 3);
+            log.levelIsGiven = true;
           },
           "Log records to write: 0 none, 1 errors (default),\n2 warnings too, 3 all")
       ->type_name("N");
@@ -146,9 +147,28 @@ void AddLogOptions(CLI::App& command, LogOptions& log) {
             log.file = file;
             log.toFile = true;
           },
-          "File to append log records to, renamed when it holds\n100 MiB; without it they go to "
-          "standard error")
+          "File to append log records to, in an existing folder other than\nFOLDER, renamed when "
+          "it holds 100 MiB; without it they go to\nstandard error")
       ->type_name("FILE");
+}
+
+void AddColour(CLI::App& command, ColourChoice& colour) {
+  command
+      .add_option_function<std::string>(
+          "--color",
+          [&colour](const std::string& name) {
+            if (name == "always") colour = ColourChoice::Always;
+            if (name == "never") colour = ColourChoice::Never;
+          },
+          "auto (default): on a terminal, always, or never")
+      ->check(CLI::IsMember({"auto", "always", "never"}))
+      ->type_name("WHEN");
+}
+
+void AddDisplay(CLI::App& command, DisplayOptions& display) {
+  AddColour(command, display.colour);
+  command.add_flag("--quiet", display.quiet,
+                   "Print only the result and errors, no notes or warnings");
 }
 
 void AddTrust(CLI::App& command, bool& trust) {

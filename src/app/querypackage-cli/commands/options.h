@@ -7,6 +7,7 @@
 #include <string>
 
 #include "model/query_settings.h"
+#include "output/terminal.h"
 
 namespace CLI {
 class App;
@@ -21,6 +22,12 @@ struct LogOptions {
   unsigned int level = 1;
   std::string file;
   bool toFile = false;  // otherwise to standard error
+  bool levelIsGiven = false;
+};
+
+struct DisplayOptions {
+  ColourChoice colour = ColourChoice::Auto;
+  bool quiet = false;  // no notes and no warnings
 };
 
 // Required, unless the caller says otherwise.
@@ -39,6 +46,10 @@ void AddRepeated(CLI::App& command, const std::string& name, const std::string& 
 
 void AddFormat(CLI::App& command, Format& format);
 void AddLogOptions(CLI::App& command, LogOptions& log);
+void AddColour(CLI::App& command, ColourChoice& colour);
+
+// Both of them.
+void AddDisplay(CLI::App& command, DisplayOptions& display);
 void AddTrust(CLI::App& command, bool& trust);
 
 // Directs the library's log records. False if the file cannot be opened: reason then says why.

@@ -1,5 +1,6 @@
 #include "commands/query_command.h"
 
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -7,13 +8,15 @@
 #include "QueryPackage.h"
 #include "commands/command_frame.h"
 #include "commands/exit_status.h"
+#include "commands/help_texts.h"
 #include "commands/options.h"
 #include "commands/parser.h"
+#include "commands/query_view_options.h"
 #include "model/folder_reading.h"
 #include "model/library_run.h"
-#include "output/query_json.h"
 #include "output/terminal.h"
-#include "output/verdict_table.h"
+#include "query/output.h"
+#include "query/warnings.h"
 
 namespace Vornik::Cli {
 
@@ -21,34 +24,90 @@ namespace {
 
 struct QueryOptions {
   QuerySettings query;
-  Format format = Format::Table;
+  QueryViewOptions view;
+  DisplayOptions display;
   LogOptions log;
   bool trust = false;
 };
 
-bool PrintOutcome(const QueryOptions& options, const LibraryRun& run) {
-  if (options.format == Format::Json) {
-    return Print(JsonText(QueryDocument(options.query, run.code, run.records)));
-  }
-  return run.code != QueryCode::Completed || Print(VerdictTable(run.records, WantsColour()));
+// What of the folder explains the answer, taken before the query consumes what was read.
+struct FolderFacts {
+  PackSummary pack;
+  RepeatedCodes repeatedCodes;
+};
+
+FolderFacts FactsOf(const FolderContents& contents, const QuerySettings& settings) {
+  return {SummarizePacks(contents, settings), FindRepeatedCodes(contents)};
 }
 
-int Query(const QueryOptions& options, std::optional<FolderContents> contents) {
-  const LibraryRun run = RunLibrary(options.query, options.format, std::move(contents));
-  ReportLostLogRecords();
-  if (!PrintOutcome(options, run)) return FailToPrint();
+void Append(std::vector<std::string> more, std::vector<std::string>& all) {
+  all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
+
+std::vector<std::string> WarningsOf(const QuerySettings& settings, const FolderFacts& facts,
+                                    const LibraryRun& run) {
+  std::vector<std::string> warnings = WarnOfPacks(facts.pack);
+  if (run.code != QueryCode::Completed) return warnings;
+  Append(WarnOfRepeatedCodes(facts.repeatedCodes, run.records), warnings);
+  Append(WarnOfEqualVersions(settings, run.records), warnings);
+  Append(WarnOfUnknownIds(settings, run.records), warnings);
+  return warnings;
+}
+
+std::string Render(const QueryOptions& options, const QueryAnswer& answer) {
+  const QueryViewOptions& view = options.view;
+  if (view.format == QueryFormat::Json) return QueryJson(answer, view.view);
+  if (answer.returnCode != QueryCode::Completed) return "";
+  switch (view.format) {
+    case QueryFormat::JsonLines:
+      return QueryJsonLines(answer, view.view);
+    case QueryFormat::Csv:
+      return QueryCsv(answer, view.view);
+    default:
+      return QueryTable(answer, view.view, options.display.quiet,
+                        WantsColour(options.display.colour));
+  }
+}
+
+int Query(const QueryOptions& options, const FolderFacts& facts,
+          std::optional<FolderContents> contents) {
+  const LibraryRun run = RunLibrary(options.query, std::move(contents));
+  if (!options.display.quiet) ReportLostLogRecords();
+  const QueryAnswer answer{options.query, run.code, run.records, facts.pack,
+                           WarningsOf(options.query, facts, run)};
+  if (!Print(Render(options, answer))) return FailToPrint();
+  if (!options.display.quiet) {
+    for (const std::string& warning : answer.warnings) PrintNotice("warning: " + warning);
+  }
   if (run.code == QueryCode::Completed) return ExitStatus::success;
+  if (run.code == QueryCode::NoResults) return Fail(run.code, NoResultsAdvice(answer));
   return Fail(run.code, Advice(run.code, options.query));
 }
 
-int RunQueryCommand(const QueryOptions& options) {
-  if (const auto refusal = DirectLog(options.log)) return *refusal;
-  std::optional<FolderContents> contents;
-  if (!options.trust) {
-    contents = ReadContentsOf(options.query);
-    if (const auto refusal = RefuseHazard(options.query, *contents)) return *refusal;
+int RefuseHazard(const QueryOptions& options, const Hazard& hazard) {
+  if (options.view.format == QueryFormat::Json && !Print(HazardJson(options.query, hazard))) {
+    return FailToPrint();
   }
-  return StatusOfRun([&] { return Query(options, std::move(contents)); });
+  return FailOnHazard(hazard);
+}
+
+int QueryFolder(const QueryOptions& options) {
+  FolderContents contents = ReadContentsOf(options.query);
+  if (!options.trust) {
+    if (const auto hazard = FindHazard(options.query, contents)) {
+      return RefuseHazard(options, *hazard);
+    }
+  }
+  const FolderFacts facts = FactsOf(contents, options.query);
+  // A query that is trusted reads the folder by itself, so that its log names the file at which it
+  // hangs.
+  if (options.trust) return Query(options, facts, std::nullopt);
+  return Query(options, facts, std::move(contents));
+}
+
+int RunQueryCommand(const QueryOptions& options) {
+  if (const auto refusal = DirectLog(options.log, options.query)) return *refusal;
+  return StatusOfRun([&options] { return QueryFolder(options); });
 }
 
 }  // namespace
@@ -57,11 +116,15 @@ void AddQueryCommand(CLI::App& app, std::function<int()>& chosen) {
   CLI::App* command = app.add_subcommand("query", "Judge the packages of a folder for one machine");
   const auto options = std::make_shared<QueryOptions>();
   AddQuerySettings(*command, options->query);
-  AddFormat(*command, options->format);
+  AddQueryView(*command, options->view);
+  AddDisplay(*command, options->display);
   AddLogOptions(*command, options->log);
   AddTrust(*command, options->trust);
-  command->callback(
-      [options, &chosen] { chosen = [options] { return RunQueryCommand(*options); }; });
+  command->footer(HelpText::query);
+  command->callback([options, &chosen] {
+    CheckView(options->view);
+    chosen = [options] { return RunQueryCommand(*options); };
+  });
 }
 
 }  // namespace Vornik::Cli

@@ -1,7 +1,5 @@
 #include "explain/json.h"
 
-#include <algorithm>
-#include <iterator>
 #include <vector>
 
 #include "explain/explain.h"
@@ -137,10 +135,11 @@ std::string AnswerOf(const Explanation& explanation) {
 }  // namespace
 
 std::string ExplanationJson(const Explanation& explanation) {
-  std::vector<QueryPackageResult> records;
-  std::transform(explanation.packages.begin(), explanation.packages.end(),
-                 std::back_inserter(records), [](const auto& package) { return package.record; });
-  Json document = QueryDocument(explanation.query, explanation.returnCode, records);
+  const auto record = [](const PackageExplanation& package) {
+    return RecordObject(package.record);
+  };
+  Json document = QueryDocument(explanation.query, explanation.returnCode,
+                                ArrayOf(explanation.packages, record));
   document["packageId"] = explanation.packageId;
   document["answer"] = AnswerOf(explanation);
   document["folderChanged"] = explanation.folderChanged;

@@ -10,8 +10,9 @@ namespace Vornik::Cli {
 
 enum class ListPart { All, Machines, Packs, Packages };
 
-// Tables, and what to note about the folder. Texts of descriptors go through Printable.
-std::string ListText(const FolderList& list, ListPart part, bool colour);
+// Tables, and unless quiet what to note about the folder. Texts of descriptors go through
+// Printable.
+std::string ListText(const FolderList& list, ListPart part, bool quiet, bool colour);
 
 // One table with a heading. All: the packages.
 std::string ListCsv(const FolderList& list, ListPart part);

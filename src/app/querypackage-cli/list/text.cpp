@@ -111,7 +111,7 @@ std::string QueryLine(const FolderList& list) {
 
 }  // namespace
 
-std::string ListText(const FolderList& list, ListPart part, bool colour) {
+std::string ListText(const FolderList& list, ListPart part, bool quiet, bool colour) {
   std::string text;
   std::string notes;
   if (Shows(part, ListPart::Machines)) {
@@ -123,6 +123,7 @@ std::string ListText(const FolderList& list, ListPart part, bool colour) {
     notes += PackNotes(list);
   }
   if (Shows(part, ListPart::Packages)) text += Section(PackageTable(list), colour);
+  if (quiet) return text;
   return text + Lines(notes + FileNotes(list)) + ClosingLine(list) + QueryLine(list);
 }
 

@@ -4,6 +4,7 @@
 
 #include <iostream>
 #include <optional>
+#include <sstream>
 #include <utility>
 
 #include "model/filter_table.h"
@@ -15,16 +16,16 @@ namespace Vornik::Cli {
 
 namespace {
 
-// While it lives, what is written to std::cout goes to another stream.
-class StandardOutputTo {
+// While it lives, what is written to std::cout is dropped.
+class NoStandardOutput {
  public:
-  explicit StandardOutputTo(const std::ostream& target)
-      : before_(std::cout.rdbuf(target.rdbuf())) {}
-  ~StandardOutputTo() { std::cout.rdbuf(before_); }
-  StandardOutputTo(const StandardOutputTo&) = delete;
-  StandardOutputTo& operator=(const StandardOutputTo&) = delete;
+  NoStandardOutput() : before_(std::cout.rdbuf(nothing_.rdbuf())) {}
+  ~NoStandardOutput() { std::cout.rdbuf(before_); }
+  NoStandardOutput(const NoStandardOutput&) = delete;
+  NoStandardOutput& operator=(const NoStandardOutput&) = delete;
 
  private:
+  std::ostringstream nothing_;
   std::streambuf* before_;
 };
 
@@ -34,17 +35,23 @@ std::string ParameterAdvice(const QuerySettings& settings) {
        settings.arcValue, settings.includePackageIds, settings.excludePackageIds});
   switch (check.fault) {
     case ParameterFault::FolderNotSet:
+      return "FOLDER is empty; give the path of an existing folder";
     case ParameterFault::FolderNotValid:
-      return "give the path of an existing folder as FOLDER";
+      return fmt::format("\"{}\" is not a folder; give the path of an existing one as FOLDER",
+                         settings.folder);
     case ParameterFault::MachineTypeNotSet:
     case ParameterFault::MachineTypeInvalid:
-      return "give four decimal digits to --machine-type";
+      return fmt::format("\"{}\" is not a machine type; give four decimal digits to --machine-type",
+                         settings.machineType);
     case ParameterFault::OsNotSet:
       return "give a number other than 0 to --os";
     case ParameterFault::ArcNotSet:
       return "give a number other than 0 to --arch";
     case ParameterFault::IdInBothLists:
-      return fmt::format("give \"{}\" to either --include or --exclude", check.id);
+      return fmt::format(
+          "\"{0}\" is both included and excluded; give it to either --include or "
+          "--exclude",
+          check.id);
     case ParameterFault::None:
       break;
   }
@@ -61,16 +68,13 @@ void ApplySettings(const QuerySettings& settings, QueryPackageImp& query) {
 
 }  // namespace
 
-LibraryRun RunLibrary(const QuerySettings& settings, Format format,
-                      std::optional<FolderContents> contents) {
-  std::optional<StandardOutputTo> redirection;
-  if (format == Format::Json) redirection.emplace(std::cerr);
+LibraryRun RunLibrary(const QuerySettings& settings, std::optional<FolderContents> contents) {
+  const NoStandardOutput dropped;
   QueryPackageImp query;
   ApplySettings(settings, query);
   query.contents = std::move(contents);
   LibraryRun run;
   run.code = query.RunQuery(run.records);
-  if (run.code == QueryCode::InvalidParameter) std::cout << std::endl;
   return run;
 }
 
@@ -81,8 +85,7 @@ std::string Advice(int code, const QuerySettings& settings) {
     case QueryCode::FolderFailed:
       return "the folder could not be read: check that it may be listed; --log-level 1 says why";
     case QueryCode::NoResults:
-      return "the folder gives no package for this machine: it needs package descriptors whose "
-             "file names end in \".xml\"; --log-level 3 says how each file was taken";
+      return "the folder has no package for this machine";
     default:
       return fmt::format("the query returned {}, which this program does not know", code);
   }

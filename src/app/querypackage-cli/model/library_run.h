@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "QueryPackage.h"
-#include "commands/options.h"
+#include "model/query_settings.h"
 #include "reading/folder_contents.h"
 
 namespace Vornik::Cli {
@@ -17,11 +17,10 @@ struct LibraryRun {
   std::vector<QueryPackageResult> records;
 };
 
-// Runs the query on an object of its own. contents: what was read of the folder, none: the query
-// reads it. What the library says on standard output about a wrong
-// parameter is ended by a line feed there, and goes to standard error under Format::Json. Throws
-// what RunQuery throws.
-LibraryRun RunLibrary(const QuerySettings& settings, Format format,
+// Runs the query on an object of its own. contents: what was read of the folder; none: the query
+// reads it. What the library says on standard output about a wrong parameter is dropped, since
+// Advice says it. Throws what RunQuery throws.
+LibraryRun RunLibrary(const QuerySettings& settings,
                       std::optional<FolderContents> contents = std::nullopt);
 
 // What to do about a code other than QueryCode::Completed: one line.

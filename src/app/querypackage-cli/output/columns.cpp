@@ -42,6 +42,20 @@ std::string InColumns(const std::vector<Row>& rows, bool colour) {
   return out;
 }
 
+std::size_t WidthInColumns(const std::vector<Row>& rows) {
+  const std::vector<std::size_t> widths = ColumnWidths(rows);
+  std::size_t longest = 0;
+  for (const Row& row : rows) {
+    std::size_t length = 0;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      const std::size_t text = CharacterCount(row[i].text);
+      length += i + 1 < row.size() ? std::max(text, widths[i]) + 2 : text;
+    }
+    longest = std::max(longest, length);
+  }
+  return longest;
+}
+
 std::string Padded(const std::string& text, std::size_t width) {
   return text + Blanks(text, width);
 }

@@ -12,6 +12,9 @@ using Json = nlohmann::ordered_json;
 // ASCII only; bytes of a text that are not UTF-8 become U+FFFD. Ends with a line feed.
 std::string JsonText(const Json& document);
 
+// The same on one line.
+std::string JsonLine(const Json& document);
+
 // An array of what make returns for each item.
 template <typename Items, typename Make>
 Json ArrayOf(const Items& items, Make make) {

@@ -1,6 +1,7 @@
 #include "output/query_json.h"
 
 #include <cstdint>
+#include <utility>
 #include <variant>
 
 #include "model/filter_table.h"
@@ -20,6 +21,8 @@ Json ValueOf(const std::vector<UpdateType>& updateTypes) {
 Json DriverFileObject(const QueryPackageResult::DriverFile& file) {
   return {{"name", file.name}, {"version", file.version}, {"classification", file.classification}};
 }
+
+}  // namespace
 
 Json RecordObject(const QueryPackageResult& record) {
   Json object{{"packageXmlFile", record.packageXmlFile},
@@ -47,8 +50,6 @@ Json RecordObject(const QueryPackageResult& record) {
   return object;
 }
 
-}  // namespace
-
 Json SettingsObject(const QuerySettings& settings) {
   Json object{{"folder", settings.folder},
               {"machineType", settings.machineType},
@@ -62,11 +63,12 @@ Json SettingsObject(const QuerySettings& settings) {
   return object;
 }
 
-Json QueryDocument(const QuerySettings& settings, int returnCode,
-                   const std::vector<QueryPackageResult>& records) {
-  return {{"query", SettingsObject(settings)},
+Json QueryDocument(const QuerySettings& settings, const Json& returnCode, Json records) {
+  constexpr int schemaVersion = 2;
+  return {{"schemaVersion", schemaVersion},
+          {"query", SettingsObject(settings)},
           {"returnCode", returnCode},
-          {"records", ArrayOf(records, RecordObject)}};
+          {"records", std::move(records)}};
 }
 
 }  // namespace Vornik::Cli

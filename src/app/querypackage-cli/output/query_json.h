@@ -2,8 +2,6 @@
 #ifndef VORNIK_CLI_OUTPUT_QUERY_JSON_H
 #define VORNIK_CLI_OUTPUT_QUERY_JSON_H
 
-#include <vector>
-
 #include "QueryPackage.h"
 #include "model/query_settings.h"
 #include "output/json.h"
@@ -13,10 +11,13 @@ namespace Vornik::Cli {
 // The settings, those of the filters under the names in their table.
 Json SettingsObject(const QuerySettings& settings);
 
-// {"query": ..., "returnCode": ..., "records": [...]}, a record with the members of
-// QueryPackageResult by their names and in their order.
-Json QueryDocument(const QuerySettings& settings, int returnCode,
-                   const std::vector<QueryPackageResult>& records);
+// The members of QueryPackageResult by their names and in their order.
+Json RecordObject(const QueryPackageResult& record);
+
+// {"schemaVersion": ..., "query": ..., "returnCode": ..., "records": [...]}: what the documents of
+// "query" and "explain" begin with. A document without "schemaVersion" has version 1. returnCode:
+// null where the query did not run.
+Json QueryDocument(const QuerySettings& settings, const Json& returnCode, Json records);
 
 }  // namespace Vornik::Cli
 

@@ -1,6 +1,7 @@
 #include "output/terminal.h"
 
 #include <cstdlib>
+#include <cstring>
 
 #ifdef _WIN32
 #include <io.h>
@@ -28,9 +29,14 @@ bool ShowsColour() { return isatty(STDOUT_FILENO) != 0; }
 
 }  // namespace
 
-bool WantsColour() {
+bool WantsColour(ColourChoice choice) {
+  if (choice == ColourChoice::Never) return false;
+  const bool canShow = ShowsColour();
+  if (choice == ColourChoice::Always) return true;
   const char* declined = std::getenv("NO_COLOR");
-  return (declined == nullptr || *declined == '\0') && ShowsColour();
+  const char* terminal = std::getenv("TERM");
+  const bool isDumb = terminal != nullptr && std::strcmp(terminal, "dumb") == 0;
+  return canShow && !isDumb && (declined == nullptr || *declined == '\0');
 }
 
 }  // namespace Vornik::Cli

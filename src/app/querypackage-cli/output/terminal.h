@@ -4,9 +4,12 @@
 
 namespace Vornik::Cli {
 
-// Whether standard output is a terminal that shows colours, and NO_COLOR is not set to a non-empty
-// text. On Windows this also makes the console interpret the colour sequences.
-bool WantsColour();
+enum class ColourChoice { Auto, Always, Never };
+
+// Auto: whether standard output is a terminal that shows colours, TERM is not "dumb", and NO_COLOR
+// is not set to a non-empty text. On Windows this also makes a console interpret the colour
+// sequences.
+bool WantsColour(ColourChoice choice = ColourChoice::Auto);
 
 }  // namespace Vornik::Cli
 

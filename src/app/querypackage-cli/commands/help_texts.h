@@ -1,0 +1,75 @@
+// What a subcommand's help says after its options: its exit statuses and two examples.
+#ifndef VORNIK_CLI_COMMANDS_HELP_TEXTS_H
+#define VORNIK_CLI_COMMANDS_HELP_TEXTS_H
+
+namespace Vornik::Cli::HelpText {
+
+inline constexpr char list[] = R"(Exit status:
+  0   The folder is listed.
+  2   FOLDER is not a folder.
+  3   The folder could not be read to its end; what was read is listed.
+  4   No file of the folder is a package descriptor that can be read.
+  64  The command line is wrong.
+  70  An exception ended the program.
+  74  Standard output could not be written.
+
+Examples:
+  querypackage-cli list packages
+  querypackage-cli list packages --show packages --format csv)";
+
+inline constexpr char query[] =
+    R"(A verdict is "pass", "fail" or "none": the data that the filter needs are missing. A package is
+offered if every filter that runs says "pass".
+The output is coloured on a terminal, unless NO_COLOR is set to a text that is not empty, or TERM
+is "dumb".
+
+Exit status:
+  0   The query ran: the verdicts are printed.
+  2   The query was refused: FOLDER is not a folder, the machine type is not four digits, or an id
+      is both included and excluded.
+  3   The folder could not be read to its end.
+  4   The folder has no package for this machine.
+  64  The command line is wrong or incomplete, or the log file cannot be used.
+  65  A descriptor that the query would reach would make it hang or end the process. --trust
+      skips this check.
+  70  An exception ended the query.
+  74  Standard output could not be written.
+
+Examples:
+  querypackage-cli query packages --machine-type 1234 --os 10 --arch 9 --update-type 1
+  querypackage-cli query packages --machine-type 1234 --os 10 --arch 9 --offered --format csv)";
+
+inline constexpr char explain[] = R"(Exit status:
+  0   The package, or why there is none, is explained.
+  1   Nothing in the folder is known by the id.
+  2   The query was refused: FOLDER is not a folder, the machine type is not four digits, or an id
+      is both included and excluded.
+  3   The folder could not be read to its end.
+  64  The command line is wrong or incomplete, or the log file cannot be used.
+  65  A descriptor that the query would reach would make it hang or end the process. --trust
+      skips this check.
+  70  An exception ended the query.
+  71  An internal error: the verdicts of the query and those that explain evaluates disagree.
+  74  Standard output could not be written.
+
+Examples:
+  querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 --package orx_drv_a
+  querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 --package a --format json)";
+
+inline constexpr char lint[] = R"(Exit status:
+  0   No finding is severe enough to fail on, a baseline is written, or --explain has printed a
+      finding.
+  1   There are findings to fail on.
+  2   FOLDER is not a folder, or a FILE is not in it.
+  3   The folder could not be read to its end; the findings so far are reported.
+  64  The command line is wrong, an id is unknown, or the baseline cannot be read.
+  70  An exception ended the program.
+  74  Standard output could not be written.
+
+Examples:
+  querypackage-cli lint packages --fail-on warning
+  querypackage-cli lint --explain supersede-ring)";
+
+}  // namespace Vornik::Cli::HelpText
+
+#endif  // VORNIK_CLI_COMMANDS_HELP_TEXTS_H

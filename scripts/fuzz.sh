@@ -11,7 +11,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 seconds=${1:?usage: scripts/fuzz.sh SECONDS}
 build=build/fuzz
-targets=(reader markers values query)
+targets=(reader markers values query cost)
 atOnce=2
 
 scripts/setup.sh fuzz
@@ -29,7 +29,7 @@ trap 'rm -rf "$TMPDIR"' EXIT
 export ASAN_OPTIONS=quarantine_size_mb=8:malloc_context_size=0
 
 # The longest inputs of each, in bytes; a target whose cost grows faster than the length gets less.
-declare -A longest=([reader]=2048 [markers]=4096 [values]=256 [query]=6144)
+declare -A longest=([reader]=2048 [markers]=4096 [values]=256 [query]=6144 [cost]=4096)
 findings=$build/findings
 mkdir -p "$findings"
 
@@ -38,7 +38,7 @@ run() {
   mkdir -p "$build/corpus/$target"
   corpora=("$build/corpus/$target" "fuzz/corpus/$target")
   case $target in
-    reader) cp fuzz/dictionaries/cimxml.dict "$dictionary" ;;
+    reader | cost) cp fuzz/dictionaries/cimxml.dict "$dictionary" ;;
     query) cat fuzz/dictionaries/{cimxml,query}.dict >"$dictionary" ;;
     *) cp "fuzz/dictionaries/$target.dict" "$dictionary" ;;
   esac

@@ -83,10 +83,13 @@ class SupersedeChecks {
     return lists_.CanMeet(packages_[a]->Code(), packages_[b]->Code());
   }
 
+  bool MayTry() { return tried_++ < maxTried; }
+
   void CheckEffects(std::size_t owner) {
     const std::set<std::size_t> listed(graph_[owner].begin(), graph_[owner].end());
     for (const std::size_t index : listed) {
       if (index == owner || AreInOneRing(owner, index)) continue;
+      if (!MayTry()) return;
       if (!CanMeet(owner, index) || !machines_.Have(owner, index)) continue;
       const SupersedeEffect effect =
           EffectOfList(*packages_[owner], *packages_[index], ThirdPackage(owner, index));
@@ -99,8 +102,9 @@ class SupersedeChecks {
   }
 
   // One that the list of the listed package names, in a query with both.
-  const LintPackage* ThirdPackage(std::size_t owner, std::size_t listed) const {
+  const LintPackage* ThirdPackage(std::size_t owner, std::size_t listed) {
     for (const std::size_t index : graph_[listed]) {
+      if (!MayTry()) return nullptr;
       const bool isThird = index != owner && index != listed;
       if (isThird && CanMeet(index, owner) && CanMeet(index, listed)) return packages_[index];
     }
@@ -161,6 +165,10 @@ class SupersedeChecks {
 
   static constexpr std::size_t noRing = static_cast<std::size_t>(-1);
 
+  // Entries of lists whose effect is looked at. More of them than any repository has; the limit
+  // keeps a hostile one from taking minutes.
+  static constexpr std::size_t maxTried = 200'000;
+
   std::vector<const LintPackage*> packages_;
   LintReport& report_;
   PackLists lists_;
@@ -169,6 +177,7 @@ class SupersedeChecks {
   Graph graph_;    // which packages each one names
   Graph listers_;  // which packages name each one
   std::vector<std::size_t> ringOf_;
+  std::size_t tried_ = 0;
   std::map<std::size_t, bool> isListedLater_;
 };
 

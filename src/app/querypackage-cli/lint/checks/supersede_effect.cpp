@@ -26,14 +26,20 @@ QueryPackageResult RecordOf(const LintPackage& package, DriverFiles driverFiles)
   return record;
 }
 
+// A package, and what its list names of the others that are queried with it: other codes do not
+// count, and a list may be long.
+struct Queried {
+  const LintPackage* package;
+  CodeList list;
+};
+
 // Whether each package is superseded in a query of these.
-std::vector<bool> Superseded(const std::vector<const LintPackage*>& packages,
-                             DriverFiles driverFiles) {
+std::vector<bool> Superseded(const std::vector<Queried>& packages, DriverFiles driverFiles) {
   Records records;
   std::vector<std::optional<CodeList>> lists;
-  for (const LintPackage* package : packages) {
-    records.push_back(RecordOf(*package, driverFiles));
-    lists.emplace_back(package->Values(PropertyName::supersede));
+  for (const Queried& queried : packages) {
+    records.push_back(RecordOf(*queried.package, driverFiles));
+    lists.emplace_back(queried.list);
   }
   const std::vector<std::string> nothingExcluded;
   const LocaleFold fold;
@@ -48,9 +54,11 @@ std::vector<bool> Superseded(const std::vector<const LintPackage*>& packages,
 // Whether the owner is superseded instead, in whatever order the folder lists the two, and not by a
 // list.
 bool IsKeptByVersion(const LintPackage& owner, const LintPackage& listed) {
+  const Queried naming{&owner, {listed.Code()}};
+  const Queried named{&listed, {}};
   const auto isReversed = [&](DriverFiles driverFiles) {
-    return Superseded({&owner, &listed}, driverFiles) == std::vector<bool>{true, false} &&
-           Superseded({&listed, &owner}, driverFiles) == std::vector<bool>{false, true};
+    return Superseded({naming, named}, driverFiles) == std::vector<bool>{true, false} &&
+           Superseded({named, naming}, driverFiles) == std::vector<bool>{false, true};
   };
   return isReversed(DriverFiles::Read) && !isReversed(DriverFiles::Ignored);
 }
@@ -60,8 +68,9 @@ bool IsKeptByVersion(const LintPackage& owner, const LintPackage& listed) {
 SupersedeEffect EffectOfList(const LintPackage& owner, const LintPackage& listed,
                              const LintPackage* third) {
   if (IsKeptByVersion(owner, listed)) return SupersedeEffect::KeptByVersion;
-  std::vector<const LintPackage*> packages{&owner, &listed};
-  if (third != nullptr) packages.push_back(third);
+  if (third == nullptr) return SupersedeEffect::Superseded;
+  std::vector<Queried> packages{{&owner, {listed.Code()}}, {&listed, {third->Code()}}};
+  if (third != &listed) packages.push_back({third, {}});
   const bool isKept =
       !Superseded(packages, DriverFiles::Ignored)[1] && !Superseded(packages, DriverFiles::Read)[1];
   return isKept ? SupersedeEffect::KeptByOwnList : SupersedeEffect::Superseded;

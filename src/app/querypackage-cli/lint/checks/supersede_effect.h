@@ -14,8 +14,8 @@ enum class SupersedeEffect {
 };
 
 // In a query of the two, and of a third package, on a machine for which the first two are. third:
-// one that the list of the listed package names; null if that is the listed package alone, or none
-// that is in the query.
+// one that the list of the listed package names, which may be the listed package itself; null if
+// none of them is in the query.
 SupersedeEffect EffectOfList(const LintPackage& owner, const LintPackage& listed,
                              const LintPackage* third);
 

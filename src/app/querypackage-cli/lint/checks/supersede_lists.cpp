@@ -105,8 +105,9 @@ class SupersedeChecks {
   const LintPackage* ThirdPackage(std::size_t owner, std::size_t listed) {
     for (const std::size_t index : graph_[listed]) {
       if (!MayTry()) return nullptr;
-      const bool isThird = index != owner && index != listed;
-      if (isThird && CanMeet(index, owner) && CanMeet(index, listed)) return packages_[index];
+      if (index == listed) return packages_[listed];
+      if (index == owner) continue;
+      if (CanMeet(index, owner) && CanMeet(index, listed)) return packages_[index];
     }
     return nullptr;
   }

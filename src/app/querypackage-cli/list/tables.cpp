@@ -14,6 +14,7 @@ std::string CodeText(Code code, bool isNamed) {
 
 std::string SystemsText(const std::vector<std::uint32_t>& systems) {
   std::vector<std::string> texts;
+  texts.reserve(systems.size());
   for (const std::uint32_t system : systems) {
     texts.push_back(system == 0 ? "any" : std::to_string(system));
   }

@@ -89,6 +89,7 @@ bool IsUsual(const std::string& name, const QuerySettings& settings, bool narrow
 
 std::vector<ResultColumn> AllColumns(const QuerySettings& settings) {
   std::vector<ResultColumn> columns;
+  columns.reserve(textColumns.size() + Filters().size() + 2);
   for (const TextColumn& column : textColumns) {
     columns.push_back(
         {column.name, column.heading, column.ifEmpty, [text = column.text](const ResultRow& row) {

@@ -14,7 +14,7 @@ namespace Vornik::Cli {
 
 // A record with what the query makes of it.
 struct ResultRow {
-  const QueryPackageResult* record;
+  const QueryPackageResult* record = nullptr;
   PackageAnswer answer;
 };
 

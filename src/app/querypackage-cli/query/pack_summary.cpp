@@ -59,6 +59,7 @@ bool DependsOnOrder(const std::vector<const KovuPackEntry*>& applying) {
 template <typename Items>
 std::vector<std::string> Texts(const Items& items) {
   std::vector<std::string> texts;
+  texts.reserve(items.size());
   for (const auto& item : items) texts.push_back(fmt::format("{}", item));
   return texts;
 }

@@ -20,6 +20,7 @@ std::vector<ResultColumn> ChosenColumns(const std::vector<std::string>& names,
                                         const QuerySettings& settings) {
   const std::vector<ResultColumn> all = AllColumns(settings);
   std::vector<ResultColumn> chosen;
+  chosen.reserve(names.size());
   for (const std::string& name : names) {
     chosen.push_back(*std::find_if(all.begin(), all.end(), [&name](const ResultColumn& column) {
       return column.name == name;
@@ -108,7 +109,7 @@ std::vector<ResultRow> RowsOf(const QueryAnswer& answer, const QueryView& view) 
 }
 
 std::string QueryTable(const QueryAnswer& answer, const QueryView& view, bool quiet, bool colour) {
-  const std::string table = TableOf(answer, view, RowsOf(answer, view), colour);
+  std::string table = TableOf(answer, view, RowsOf(answer, view), colour);
   if (quiet) return table;
   return table + Printable(TextOf(answer.pack, answer.settings)) + '\n' + ClosingLine(answer);
 }
@@ -134,6 +135,7 @@ std::string QueryCsv(const QueryAnswer& answer, const QueryView& view) {
                                                 ? UsualColumns(answer.settings, false)
                                                 : ChosenColumns(view.columns, answer.settings);
   std::vector<std::string> fields;
+  fields.reserve(columns.size());
   for (const ResultColumn& column : columns) fields.push_back(column.name);
   std::string text = CsvLine(fields);
   for (const ResultRow& row : RowsOf(answer, view)) {

@@ -1,5 +1,7 @@
 #include "cli_fixture.h"
 
+#include <algorithm>
+
 #include <boost/filesystem/path.hpp>
 #include <stdexcept>
 
@@ -62,6 +64,13 @@ std::vector<std::string> CodesOf(const Json& document) {
     codes.push_back(record.at("identificationCode").get<std::string>());
   }
   return codes;
+}
+
+std::string LineOf(const std::string& text, const std::string& word, int n) {
+  std::size_t at = 0;
+  for (std::size_t from = 0; n > 0; --n, from = at + 1) at = text.find(word, from);
+  const auto end = text.begin() + static_cast<std::ptrdiff_t>(at);
+  return std::to_string(std::count(text.begin(), end, '\n') + 1);
 }
 
 }  // namespace Vornik::Testing

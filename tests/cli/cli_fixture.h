@@ -40,6 +40,9 @@ Descriptor Package(const std::string& code);
 // A pack's own instance, applicable to machine type 1234 under any system.
 Descriptor PackItself(const std::string& fileName, const std::string& version = "1");
 
+// The line of a word's nth occurrence in a text, both counted from 1.
+std::string LineOf(const std::string& text, const std::string& word, int n);
+
 // A text without control bytes as a line of the log holds it.
 std::string InLogLine(std::string text);
 

@@ -40,7 +40,8 @@ TEST_F(ExplainAbsenceTest, IdThatNothingKnowsEndsWith1) {
   EXPECT_EQ(document["absenceWayOut"], Json());
   const Outcome outcome = Explain("b");
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_THAT(outcome.out, testing::StartsWith("b: UNKNOWN\n"));
+  EXPECT_THAT(outcome.out,
+              testing::StartsWith("b: UNKNOWN. No descriptor of the folder has this code,"));
   EXPECT_EQ(outcome.err,
             "querypackage-cli: nothing in the folder is known as \"b\": check the spelling; "
             "\"querypackage-cli query\" lists the packages\n");
@@ -135,6 +136,67 @@ TEST_F(ExplainAbsenceTest, FileOfNeitherKindIsNamed) {
   EXPECT_EQ(reason["log"], Json::array({"notes.xml is not a valid ORX xml"}));
 }
 
+TEST_F(ExplainAbsenceTest, FileThatIsNoDescriptorIsSaidToBeWhatItIs) {
+  WritePackage("other");
+  folder.Write("utf.xml", std::string("\xFF\xFE<\0a\0", 6));
+  EXPECT_EQ(OnlyReason("utf")["reason"], "notADescriptor");
+  EXPECT_EQ(OnlyReason("utf")["text"], PathOf("utf.xml") +
+                                           " is in UTF-16, in which no marker is found; it has "
+                                           "this name.");
+  folder.Write("empty.xml", "");
+  EXPECT_EQ(OnlyReason("empty")["text"], PathOf("empty.xml") + " is empty; it has this name.");
+  boost::filesystem::create_directory(PathOf("sub.xml"));
+  const Json isFolder = OnlyReason("sub");
+  EXPECT_EQ(isFolder["reason"], "notRead");
+  EXPECT_EQ(isFolder["text"], PathOf("sub.xml") + " is a folder; it has this name.");
+  EXPECT_NE(isFolder["remedy"], "correct the file");
+}
+
+#ifndef _WIN32
+TEST_F(ExplainAbsenceTest, LinkToNothingCannotBeOpened) {
+  WritePackage("other");
+  boost::filesystem::create_symlink("nowhere", PathOf("a.xml"));
+  const Json reason = OnlyReason("a");
+  EXPECT_EQ(reason["reason"], "notRead");
+  EXPECT_EQ(reason["text"],
+            PathOf("a.xml") + " cannot be opened (No such file or directory); it has this name.");
+}
+#endif
+
+TEST_F(ExplainAbsenceTest, CodeOfAnotherInstanceOfAnIndividualDescriptorIsLost) {
+  std::string text = Package("t_a").Individual();
+  const std::string second = Package("t_b").Individual();
+  const std::size_t begin = second.find("<INSTANCE ");
+  const std::size_t end = second.find("</INSTANCE>") + std::string("</INSTANCE>").size();
+  text.insert(text.find("</INSTANCE>") + std::string("</INSTANCE>").size(),
+              second.substr(begin, end - begin));
+  for (const char* name : {"t_a.xml", "both.xml"}) {
+    const std::string file = folder.Write(name, text);
+    const Json reason = OnlyReason("t_a");
+    EXPECT_EQ(reason["reason"], "sharedFile");
+    EXPECT_EQ(reason["code"], "t_a");
+    EXPECT_EQ(reason["text"], file +
+                                  " holds the code \"t_a\", but is read as one package, whose code "
+                                  "is the last one in it, \"t_b\".");
+    EXPECT_EQ(ExplainJson("t_b")["absence"], Json::array());
+    boost::filesystem::remove(file);
+  }
+}
+
+TEST_F(ExplainAbsenceTest, IdOfAPackNotInUseIsNotAnsweredForAnotherCase) {
+  WritePackage("P0");
+  folder.Write("p.xml", Pack({PackItself("p.xml").Set("applicableMachineTypes", {"5678"}),
+                              Member("p0").For("5678", "10", "9")}));
+  const Json document = ExplainJson("p0", {"--no-payload-exist-filter"});
+  EXPECT_EQ(document["answer"], "absent");
+  ASSERT_EQ(document["packages"].size(), 1U);
+  EXPECT_EQ(document["packages"][0]["otherCase"], true);
+  ASSERT_EQ(document["absenceWayOut"]["state"], "found");
+  EXPECT_EQ(document["absenceWayOut"]["code"], "p0");
+  ExpectPasses(document["absenceWayOut"]["smallest"][0], "p0");
+  EXPECT_EQ(ExplainJson("P0")["absenceWayOut"], Json());
+}
+
 TEST_F(ExplainAbsenceTest, BrokenPackThatHoldsTheCodeIsNamed) {
   WritePackage("other");
   const std::string text = Pack({PackItself("p.xml"), Member("a")});
@@ -177,6 +239,12 @@ TEST_F(ExplainAbsenceTest, MemberOfAPackThatIsNotInUseIsExplained) {
        "\"12345\"."},
       {PackItself("p.xml").Set("applicableMachineTypes", std::vector<std::string>()),
        "it has no \"applicableMachineTypes\", so it never applies."},
+      {Member("first").Set("applicableOperatingSystems", {"10"}),
+       "it has no INSTANCE of its own, and the first member, which is taken for the pack, no "
+       "\"applicableMachineTypes\", so it never applies."},
+      {Member("first").Set("applicableMachineTypes", {"5678"}),
+       "it has no INSTANCE of its own, and the \"applicableMachineTypes\" of the first member, "
+       "which is taken for the pack, do not hold the machine type 1234: \"5678\"."},
       {PackItself("p.xml").Set("applicableOperatingSystems", {"11", "12"}),
        "its \"applicableOperatingSystems\" do not hold the operating system 10 or 0: \"11\", "
        "\"12\"."},

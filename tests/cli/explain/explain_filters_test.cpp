@@ -37,7 +37,9 @@ TEST_F(ExplainFiltersTest, EachPlatformReason) {
     const char* log = nullptr;
   } cases[] = {
       {"match", WithLists("match", {"5678", "1234"}, {"10", "0"}, {"9", "9"}), 1, "entryMatches",
-       "Position 2 of its lists fits the machine: machine type \"1234\", operating system \"0\"",
+       "Position 2 of its lists fits the machine: machine type \"1234\", any operating system "
+       "(\"0\"), "
+       "architecture \"9\"",
        "", "match Platform Filter is matched!"},
       {"other", WithLists("other", {"5678"}, {"10"}, {"9"}), 2, "noEntryMatches",
        "None of the positions that count (1) has the machine type 1234.", "",
@@ -311,15 +313,17 @@ TEST_F(ExplainFiltersTest, PackWithoutANameIsSaidToBeOne) {
 
 TEST_F(ExplainFiltersTest, DuplicatesNameTheFilesThatWereDropped) {
   WritePackage("a");
-  folder.Write("p.xml", Pack({PackItself("p.xml"),
-                              Package("a").Set("xmlFilename", "a.xml").Set("Version", "2"),
-                              Package("a").Set("xmlFilename", "z.xml").Set("Version", "3")}));
+  const std::string pack =
+      Pack({PackItself("p.xml"), Package("a").Set("xmlFilename", "a.xml").Set("Version", "2"),
+            Package("a").Set("xmlFilename", "z.xml").Set("Version", "3")});
+  folder.Write("p.xml", pack);
+  const std::string line = LineOf(pack, "\"identificationCode\"", 2);
   const Json package = ExplainPackage("a");
   const Json filter = FilterOf(package, "duplicate");
   EXPECT_EQ(filter["status"], 1);
   EXPECT_EQ(filter["reason"], "first");
   EXPECT_EQ(filter["text"],
-            "member 1 of " + PathOf("p.xml") + " stands first and stayed; 2 repeats were dropped.");
+            PathOf("p.xml") + ":" + line + " stands first and stayed; 2 repeats were dropped.");
   EXPECT_EQ(filter["log"],
             Json::array({"a is filtered in FilterDuplicate", "a is filtered in FilterDuplicate"}));
   const Json repeats = {
@@ -338,8 +342,9 @@ TEST_F(ExplainFiltersTest, PropertiesOfAnotherFileAreSaidToBeSo) {
   const Json package = ExplainPackage("a");
   EXPECT_EQ(package["source"]["file"], PathOf("p.xml"));
   EXPECT_EQ(package["source"]["isOwn"], false);
-  EXPECT_THAT(package["source"]["text"].get<std::string>(),
-              HasSubstr("not in its own descriptor: member 1 comes first"));
+  EXPECT_THAT(
+      package["source"]["text"].get<std::string>(),
+      HasSubstr("not in its own descriptor: a package of the same code is found there first"));
   const Json platform = FilterOf(package, "platform");
   EXPECT_EQ(platform["status"], 2) << "the individual descriptor alone would match";
   EXPECT_EQ(platform["file"], PathOf("p.xml"));

@@ -76,7 +76,7 @@ TEST_F(FolderChangedTest, ReasonThatGivesAnotherVerdictIsLeftOut) {
   }
   EXPECT_EQ(explanation.packages[0].remedies.state, Cli::RemedyState::Unknown);
   EXPECT_TRUE(explanation.packages[0].remedies.queries.empty());
-  EXPECT_THAT(Cli::ExplanationText(explanation, false),
+  EXPECT_THAT(Cli::ExplanationText(explanation, Cli::TextDetail::Full, false),
               testing::StartsWith("The folder changed after the query."));
   EXPECT_EQ(Json::parse(Cli::ExplanationJson(explanation))["folderChanged"], true);
 }

@@ -37,7 +37,7 @@ TEST_F(ExplainOutputTest, KeysHaveTheirOrder) {
     names.push_back(filter["filter"]);
     EXPECT_THAT(KeysOf(filter),
                 ElementsAre("filter", "slot", "status", "verdict", "runs", "reason", "text", "rule",
-                            "file", "properties", "details", "log"));
+                            "file", "properties", "details", "log", "place"));
     EXPECT_NE(filter["rule"], "");
     EXPECT_NE(filter["text"], "");
   }
@@ -76,7 +76,7 @@ TEST_F(ExplainOutputTest, QueryAndRecordAreThoseOfQuery) {
 
 TEST_F(ExplainOutputTest, TextHasAHeadlineABlockForEachFilterAndTheWayOut) {
   folder.Write("a.xml", Package("a").Set("Version", "2").Set("xmlFilename", "a.xml").Individual());
-  const Outcome outcome = Explain("a", {"--no-kovu-filter"});
+  const Outcome outcome = Explain("a", {"--no-kovu-filter", "--verbose"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
   const auto lines = LinesOf(outcome.out);
@@ -106,27 +106,28 @@ TEST(ExplanationTextTest, VerdictsAreColouredOnATerminal) {
   Cli::FilterExplanation& filter = package.filters.emplace_back();
   filter.filter = Cli::FilterId::Sep;
   filter.status = FilterStatus::Matched;
-  EXPECT_THAT(Cli::ExplanationText(explanation, true),
+  EXPECT_THAT(Cli::ExplanationText(explanation, Cli::TextDetail::Full, true),
               testing::AllOf(StartsWith("(no code): \x1b[31mREFUSED\x1b[0m by sep\n"),
                              HasSubstr("\x1b[32mpass\x1b[0m sep")));
-  EXPECT_EQ(Cli::ExplanationText(explanation, false).find('\x1b'), std::string::npos);
+  EXPECT_EQ(Cli::ExplanationText(explanation, Cli::TextDetail::Full, false).find('\x1b'),
+            std::string::npos);
 }
 
 TEST_F(ExplainOutputTest, TextOfTheOtherAnswers) {
   WritePackage("a");
   folder.Write("b.xml", Descriptor("b").Individual());
   folder.Write("c.XML", Package("c").Individual());
-  EXPECT_THAT(Explain("a", {"--no-kovu-filter"}).out, StartsWith("a: OFFERED\n"));
-  EXPECT_THAT(Explain("a", {"--no-kovu-filter"}).out,
+  EXPECT_THAT(Explain("a", {"--no-kovu-filter", "--verbose"}).out, StartsWith("a: OFFERED\n"));
+  EXPECT_THAT(Explain("a", {"--no-kovu-filter", "--verbose"}).out,
               testing::EndsWith("\nEvery filter that runs matches: nothing has to change.\n"));
-  EXPECT_THAT(Explain("b", {"--no-kovu-filter", "--no-payload-exist-filter"}).out,
+  EXPECT_THAT(Explain("b", {"--no-kovu-filter", "--no-payload-exist-filter", "--verbose"}).out,
               StartsWith("b: UNDECIDED: no verdict of platform\n"));
-  EXPECT_THAT(Explain("b").out,
+  EXPECT_THAT(Explain("b", {"--verbose"}).out,
               StartsWith("b: REFUSED by kovu, payloadExist; no verdict of platform\n"));
-  EXPECT_THAT(Explain("b").out,
+  EXPECT_THAT(Explain("b", {"--verbose"}).out,
               HasSubstr("\nNo other settings of the query make every filter match.\n"
                         "  In the repository: "));
-  const std::string absent = Explain("c").out;
+  const std::string absent = Explain("c", {"--verbose"}).out;
   EXPECT_THAT(absent, StartsWith("c: NO PACKAGE\n"));
   EXPECT_THAT(absent, HasSubstr("        Do:   rename the file"));
   EXPECT_THAT(Explain("A").out, HasSubstr("\n  Asked for was \"A\", which has the same letters in "
@@ -217,7 +218,8 @@ TEST_F(ExplainOutputTest, LogGoesWhereTheUserWantsIt) {
   folder.Write("notes.xml", "<a/>");
   const std::string record = "notes.xml is not a valid ORX xml";
   EXPECT_EQ(Explain("a", {"--log-level", "0"}).err, "");
-  const Outcome errors = Explain("a");
+  EXPECT_EQ(Explain("a").err, "");
+  const Outcome errors = Explain("a", {"--log-level", "1"});
   EXPECT_EQ(LinesOf(errors.err).size(), 1U);
   EXPECT_THAT(errors.err, HasSubstr(" error src/module/querypackage/querypackageimp.cpp:"));
   EXPECT_THAT(errors.err, HasSubstr(record));
@@ -225,7 +227,7 @@ TEST_F(ExplainOutputTest, LogGoesWhereTheUserWantsIt) {
 
   TempFolder logs;
   const std::string file = logs.Path() + "/explain.log";
-  EXPECT_EQ(Explain("a", {"--log-file", file}).err, "");
+  EXPECT_EQ(Explain("a", {"--log-level", "1", "--log-file", file}).err, "");
   const std::string text = ReadFile(file);
   EXPECT_EQ(LinesOf(text).size(), 1U);
   EXPECT_THAT(text, HasSubstr(record));

@@ -7,6 +7,7 @@ namespace {
 
 using testing::Contains;
 using testing::HasSubstr;
+using testing::Not;
 
 class ExplainSupersedeTest : public ExplainTest {
  protected:
@@ -54,6 +55,34 @@ TEST_F(ExplainSupersedeTest, ListOfAnotherPackageIsNamedWithItsFileAndSpelling) 
   EXPECT_EQ(Reason(replacing), "keptByList");
   EXPECT_EQ(replacing["supersede"]["lists"], Json::array({"A"}));
   EXPECT_EQ(replacing["supersede"]["listsUnknown"], Json::array({"gone"}));
+}
+
+TEST_F(ExplainSupersedeTest, RuleHoldsForAChainOfLists) {
+  WritePack(
+      {Member("a").Set("supersede", {"b"}), Member("b").Set("supersede", {"c"}), Member("c")});
+  EXPECT_EQ(Reason(ExplainPackage("b")), "keptByList");
+  EXPECT_THAT(
+      FilterOf(ExplainPackage("b"), "supersede")["rule"].get<std::string>(),
+      testing::StartsWith("The \"supersede\" lists are applied in byte order of their "
+                          "packages' codes: each marks what it names as replaced, then keeps "
+                          "its own package."));
+}
+
+TEST_F(ExplainSupersedeTest, CodesThatDifferInCaseAreOnePackageOfARanking) {
+  WritePack({Member("k", "2.0").Set("driverFiles", {"x-#1"}),
+             Member("K", "1.0").Set("driverFiles", {"x-#1"})});
+  const Json alone = ExplainPackage("k");
+  EXPECT_EQ(Text(alone), "It is ranked with itself alone, under codes that differ only in case.");
+  for (const std::string& detail : Details(alone))
+    EXPECT_THAT(detail, Not(HasSubstr("this package")));
+
+  WritePack({Member("k", "2.0").Set("driverFiles", {"x-#1"}),
+             Member("K", "1.0").Set("driverFiles", {"x-#1"}),
+             Member("z", "3.0").Set("driverFiles", {"x-#1"})});
+  EXPECT_THAT(Details(ExplainPackage("k")),
+              Contains("Ranked as text by the driver file \"x\", the last one is kept: \"2.0\" of "
+                       "this package < \"3.0\" of \"z\"."));
+  EXPECT_THAT(Text(ExplainPackage("z")), HasSubstr("of the 2 packages with"));
 }
 
 TEST_F(ExplainSupersedeTest, OwnListThatIsAppliedLaterKeepsThePackage) {

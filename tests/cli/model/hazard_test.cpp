@@ -37,14 +37,6 @@ std::string PackWithMisfit() {
          "</CIM>\n";
 }
 
-// Line of the n-th occurrence of a word in a text, both counted from 1.
-std::string LineOf(const std::string& text, const std::string& word, int n) {
-  std::size_t at = 0;
-  for (std::size_t from = 0; n > 0; --n, from = at + 1) at = text.find(word, from);
-  const auto end = text.begin() + static_cast<std::ptrdiff_t>(at);
-  return std::to_string(std::count(text.begin(), end, '\n') + 1);
-}
-
 const std::string classifications = "\"driverFilesClassification\"";
 const std::vector<std::string> misfitTexts{"CLASSNAME", "put CLASSNAME first", "--trust"};
 

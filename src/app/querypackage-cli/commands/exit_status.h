@@ -10,9 +10,13 @@ namespace Vornik::Cli {
 namespace ExitStatus {
 inline constexpr int success = 0;
 inline constexpr int negative = 1;  // explain knows nothing by the id; lint has findings to fail on
-inline constexpr int usage = 64;    // the command line is wrong, or its log file cannot be opened
-inline constexpr int hazard = 65;   // a descriptor would make the query hang or end the process
-inline constexpr int exception = 70;      // an exception ended the query
+inline constexpr int refused = 10;  // explain --exit-code; of several packages the greatest
+inline constexpr int undecided = 11;
+inline constexpr int absent = 12;
+inline constexpr int unknown = 13;
+inline constexpr int usage = 64;      // the command line is wrong, or its log file cannot be opened
+inline constexpr int hazard = 65;     // a descriptor would make the query hang or end the process
+inline constexpr int exception = 70;  // an exception ended the query
 inline constexpr int internalError = 71;  // the program contradicts itself
 inline constexpr int outputLost = 74;     // standard output could not be written
 }  // namespace ExitStatus

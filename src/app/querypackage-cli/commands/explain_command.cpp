@@ -2,8 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "commands/command_frame.h"
@@ -13,6 +15,7 @@
 #include "commands/parser.h"
 #include "explain/explain.h"
 #include "explain/json.h"
+#include "explain/package_ids.h"
 #include "explain/text.h"
 #include "model/folder_reading.h"
 #include "model/library_run.h"
@@ -25,30 +28,82 @@ namespace {
 
 struct ExplainOptions {
   QuerySettings query;
-  std::string package;
+  PackageIds ids;
   Format format = Format::Table;
-  LogOptions log;
+  TextDetail detail = TextDetail::Brief;
+  LogOptions log{0, "", false};
   DisplayOptions display;
   bool trust = false;
+  bool exitCode = false;
 };
 
-bool PrintExplanation(const ExplainOptions& options, const Explanation& explanation) {
-  if (options.format == Format::Json) return Print(ExplanationJson(explanation));
-  return !IsExplained(explanation.returnCode) ||
-         Print(ExplanationText(explanation, WantsColour(options.display.colour)));
+std::vector<Explanation> ExplainAll(const ExplainOptions& options, const EvaluatedQuery& query) {
+  std::vector<std::string> ids;
+  if (options.ids.exact) ids.push_back(*options.ids.exact);
+  for (std::string& id : ResolveIds(query, options.ids.asked)) {
+    if (id != options.ids.exact) ids.push_back(std::move(id));
+  }
+  std::vector<Explanation> explanations;
+  for (const std::string& id : ids) explanations.push_back(Explain(query, id));
+  return explanations;
 }
 
-int StatusOf(const Explanation& explanation) {
-  const int code = explanation.returnCode;
-  if (!IsExplained(code)) return Fail(code, Advice(code, explanation.query));
-  if (IsKnown(explanation)) return ExitStatus::success;
-  return Fail(ExitStatus::negative,
-              fmt::format("nothing in the folder is known as \"{}\": check the spelling; "
-                          "\"querypackage-cli query\" lists the packages",
-                          explanation.packageId));
+// One id has a document of its own.
+bool IsForOne(const PackageIds& ids) {
+  if (ids.exact) return ids.asked.empty();
+  return ids.asked.size() == 1 && ids.asked.front().find_first_of("*?") == std::string::npos;
 }
 
-int ExplainPackage(const ExplainOptions& options) {
+bool PrintExplanations(const ExplainOptions& options,
+                       const std::vector<Explanation>& explanations) {
+  if (options.format == Format::Json) {
+    return Print(IsForOne(options.ids) ? ExplanationJson(explanations.front())
+                                       : ExplanationsJson(explanations));
+  }
+  std::string text;
+  for (const Explanation& explanation : explanations) {
+    if (!IsExplained(explanation.returnCode)) return true;
+    if (!text.empty()) text += '\n';
+    text += ExplanationText(explanation, options.detail, WantsColour(options.display.colour));
+  }
+  return Print(text);
+}
+
+int StatusOf(Conclusion conclusion) {
+  switch (conclusion) {
+    case Conclusion::NotRun:
+    case Conclusion::Offered:
+      break;
+    case Conclusion::Refused:
+      return ExitStatus::refused;
+    case Conclusion::Undecided:
+      return ExitStatus::undecided;
+    case Conclusion::Absent:
+      return ExitStatus::absent;
+    case Conclusion::Unknown:
+      return ExitStatus::unknown;
+  }
+  return ExitStatus::success;
+}
+
+int StatusOf(const ExplainOptions& options, const std::vector<Explanation>& explanations) {
+  int status = ExitStatus::success;
+  for (const Explanation& explanation : explanations) {
+    const int code = explanation.returnCode;
+    if (!IsExplained(code)) return Fail(code, Advice(code, explanation.query));
+    if (options.exitCode) status = std::max(status, StatusOf(ConclusionOf(explanation)));
+    if (IsKnown(explanation)) continue;
+    const int failure =
+        Fail(ExitStatus::negative,
+             fmt::format("nothing in the folder is known as \"{}\": check the spelling; "
+                         "\"querypackage-cli query\" lists the packages",
+                         explanation.packageId));
+    if (!options.exitCode) status = failure;
+  }
+  return status;
+}
+
+int ExplainPackages(const ExplainOptions& options) {
   const std::vector<FolderEntry> before = ListEntries(options.query.folder);
   FolderContents contents = ReadContentsOf(options.query);
   if (!options.trust) {
@@ -63,13 +118,17 @@ int ExplainPackage(const ExplainOptions& options) {
   const EvaluatedQuery query{options.query, run, model, evaluation,
                              ListEntries(options.query.folder) != before};
   if (const auto failure = FailOnDisagreement(query)) return *failure;
-  const Explanation explanation = Explain(query, options.package);
-  return PrintExplanation(options, explanation) ? StatusOf(explanation) : FailToPrint();
+  const std::vector<Explanation> explanations = ExplainAll(options, query);
+  return PrintExplanations(options, explanations) ? StatusOf(options, explanations) : FailToPrint();
 }
 
 int RunExplainCommand(const ExplainOptions& options) {
+  if (!options.ids.exact && options.ids.asked.empty()) {
+    return Fail(ExitStatus::usage,
+                "explain needs an ID or --package; see \"querypackage-cli explain --help\"");
+  }
   if (const auto refusal = DirectLog(options.log, options.query)) return *refusal;
-  return StatusOfRun([&options] { return ExplainPackage(options); });
+  return StatusOfRun([&options] { return ExplainPackages(options); });
 }
 
 }  // namespace
@@ -82,12 +141,27 @@ std::optional<int> FailOnDisagreement(const EvaluatedQuery& query) {
                   ", although no file of the folder changed: please report it");
 }
 
+namespace {
+
+void AddDetail(CLI::App& command, TextDetail& detail) {
+  command.add_flag_callback(
+      "-v,--verbose", [&detail] { detail = TextDetail::Full; },
+      "Print every filter, its rule and the properties as read");
+}
+
+}  // namespace
+
 void AddExplainCommand(CLI::App& app, std::function<int()>& chosen) {
   CLI::App* command =
       app.add_subcommand("explain", "Say why a package of a folder is offered or not");
   const auto options = std::make_shared<ExplainOptions>();
   AddQuerySettings(*command, options->query);
-  AddPackage(*command, options->package);
+  AddPackageIds(*command, options->ids);
+  AddDetail(*command, options->detail);
+  command->add_flag(
+      "--exit-code", options->exitCode,
+      "End with 0 for an offered package, 10 for a refused\none, 11 for an undecided, "
+      "12 for an absent, 13 for\nan unknown one; of several the greatest");
   AddFormat(*command, options->format);
   AddLogOptions(*command, options->log);
   AddDisplay(*command, options->display);

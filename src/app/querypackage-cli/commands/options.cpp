@@ -94,16 +94,25 @@ void AddQuerySettings(CLI::App& command, QuerySettings& settings) {
   }
 }
 
-void AddPackage(CLI::App& command, std::string& package) {
-  // Taken as it is: an option with one value would read "{}" as no value.
+void AddPackageIds(CLI::App& command, PackageIds& ids) {
+  // An argument of several values divides "[a,b]". What is given to --package is taken as it is, but
+  // an option with one value would read "{}" as no value.
+  command
+      .add_option(
+          "ID", [](const CLI::results_t&) { return true; },
+          "Identification codes of packages; * stands for any text in one,\n? for one character")
+      ->each([&ids](const std::string& id) { ids.asked.push_back(id); })
+      ->expected(0, CLI::detail::expected_max_vector_size)
+      ->allow_extra_args()
+      ->type_name("");
   command
       .add_option(
           "--package", [](const CLI::results_t&) { return true; },
-          "Identification code of the package; case counts only\nwhere two codes differ in nothing "
-          "else")
-      ->each([&package](const std::string& id) { package = id; })
+          "An ID taken as it is, \"\" for the package without one; case\ncounts only where two "
+          "codes "
+          "differ in nothing else")
+      ->each([&ids](const std::string& id) { ids.exact = id; })
       ->expected(1)
-      ->required()
       ->type_name("ID");
 }
 
@@ -138,7 +147,9 @@ void AddLogOptions(CLI::App& command, LogOptions& log) {
             log.level = ParseNumber<unsigned int>("--log-level", text, 0, 3);
             log.levelIsGiven = true;
           },
-          "Log records to write: 0 none, 1 errors (default),\n2 warnings too, 3 all")
+          log.level == 0
+              ? "Log records to write: 0 none (default), 1 errors,\n2 warnings too, 3 all"
+              : "Log records to write: 0 none, 1 errors (default),\n2 warnings too, 3 all")
       ->type_name("N");
   command
       .add_option_function<std::string>(

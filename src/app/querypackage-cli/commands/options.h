@@ -4,7 +4,9 @@
 #define VORNIK_CLI_COMMANDS_OPTIONS_H
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "model/query_settings.h"
 #include "output/terminal.h"
@@ -36,8 +38,13 @@ CLI::Option* AddFolder(CLI::App& command, std::string& folder);
 // The folder included.
 void AddQuerySettings(CLI::App& command, QuerySettings& settings);
 
-// The package that is explained.
-void AddPackage(CLI::App& command, std::string& package);
+// Which packages are explained.
+struct PackageIds {
+  std::vector<std::string> asked;  // ids and patterns
+  std::optional<std::string> exact;
+};
+
+void AddPackageIds(CLI::App& command, PackageIds& ids);
 
 // An option that takes one value each time it is given. The values are taken one by one as they
 // are: read as a list, the value "{}" would be an empty one.
@@ -45,6 +52,7 @@ void AddRepeated(CLI::App& command, const std::string& name, const std::string& 
                  const std::function<void(const std::string&)>& take, const std::string& help);
 
 void AddFormat(CLI::App& command, Format& format);
+// The level that log has is the default.
 void AddLogOptions(CLI::App& command, LogOptions& log);
 void AddColour(CLI::App& command, ColourChoice& colour);
 

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <system_error>
 
 #include "explain/log_lines.h"
 #include "inspection/descriptor_inspection.h"
@@ -26,22 +27,59 @@ bool IsOwnInstance(const KovuPackEntry& pack, const PackageXmlEntry& member) {
                         GetPropertyValue(PropertyName::xmlFilename, member.properties));
 }
 
-std::string OutcomeText(const DescriptorReading& reading) {
-  if (reading.kind == DescriptorKind::Neither) {
-    return "holds neither the marker of a pack nor that of an individual descriptor";
-  }
-  if (IsLoadFault(reading.fault)) return "failed to load";
+// What became of a file that adds nothing to the query: a word for programs, what a sentence about
+// the file says, and what to do.
+struct Outcome {
+  const char* reason;
+  std::string text;
+  std::string remedy;
+};
+
+std::string FailedTo(const char* verb, int error) {
+  const std::string why =
+      error == 0 ? "" : fmt::format(" ({})", std::generic_category().message(error));
+  return fmt::format("cannot be {}{}", verb, why);
+}
+
+Outcome OutcomeWithoutMarker(const DescriptorReading& reading) {
   switch (reading.fault) {
-    case DescriptorFault::NoRoot:
-      return "has no XML element";
-    case DescriptorFault::NoProperties:
-      return "has no property";
-    case DescriptorFault::NoInstances:
-      return "is a pack without an INSTANCE that begins with CLASSNAME";
-    case DescriptorFault::InstanceWithoutClassName:
-      return "is a pack with an INSTANCE that does not begin with CLASSNAME";
+    case DescriptorFault::Utf16:
+      return {"notADescriptor", "is in UTF-16, in which no marker is found",
+              "save the file in UTF-8"};
+    case DescriptorFault::Empty:
+      return {"notADescriptor", "is empty", "put the descriptor into the file"};
     default:
-      return "adds nothing to the query";
+      return {"notADescriptor",
+              "holds neither the marker of a pack nor that of an individual descriptor",
+              "correct the file"};
+  }
+}
+
+Outcome OutcomeOf(const DescriptorReading& reading) {
+  switch (reading.fault) {
+    case DescriptorFault::NotOpened:
+      return {"notRead", FailedTo("opened", reading.error), "let the query open the file"};
+    case DescriptorFault::IsFolder:
+      return {"notRead", "is a folder",
+              "give the folder another name, and the descriptor this one"};
+    case DescriptorFault::NotRegular:
+      return {"notRead", "is no regular file", "put a regular file in its place"};
+    case DescriptorFault::NotRead:
+      return {"notRead", FailedTo("read", reading.error), "let the query read the file"};
+    case DescriptorFault::NoRoot:
+      return {"notLoaded", "has no XML element", "correct the file"};
+    case DescriptorFault::NoProperties:
+      return {"notLoaded", "has no property", "correct the file"};
+    case DescriptorFault::NoInstances:
+      return {"notLoaded", "is a pack without an INSTANCE that begins with CLASSNAME",
+              "correct the file"};
+    case DescriptorFault::InstanceWithoutClassName:
+      return {"notLoaded", "is a pack with an INSTANCE that does not begin with CLASSNAME",
+              "correct the file"};
+    default:
+      return reading.kind == DescriptorKind::Neither
+                 ? OutcomeWithoutMarker(reading)
+                 : Outcome{"notLoaded", "failed to load", "correct the file"};
   }
 }
 
@@ -74,6 +112,7 @@ class Reasons {
 
   std::vector<AbsenceReason> Collect() {
     AddPacks();
+    AddSharedFiles();
     AddFilesWithOtherCode();
     AddFaultyFiles();
     AddOverlongInstances();
@@ -145,6 +184,36 @@ class Reasons {
          {}});
   }
 
+  // An individual descriptor is one package, and has the last code in it.
+  void AddSharedFiles() {
+    if (code_.empty()) return;
+    for (const PackageXmlEntry& entry : query_.model.Packages().packageXmlEntries()) {
+      const std::string* lost = LostCodeIn(entry.properties);
+      if (lost == nullptr) continue;
+      reasons_.push_back(
+          {"sharedFile",
+           *lost,
+           entry.xmlFile,
+           fmt::format("{} holds the code {}, but is read as one package, whose code is the last "
+                       "one in it, {}.",
+                       entry.xmlFile, CodeText(*lost), CodeText(CodeOf(entry.properties))),
+           "divide the file: each package needs a descriptor of its own",
+           {}});
+    }
+  }
+
+  // The code that was asked for, where a later one in the same descriptor takes its place.
+  const std::string* LostCodeIn(const SupXmlProperties& properties) const {
+    if (EqualByGlobalLocaleFold(CodeOf(properties), code_)) return nullptr;
+    for (const SupXmlProperty& property : properties) {
+      if (!EqualByCLibraryFold(property.name, PropertyName::identificationCode)) continue;
+      for (const std::string& value : property.values) {
+        if (EqualByGlobalLocaleFold(value, code_)) return &value;
+      }
+    }
+    return nullptr;
+  }
+
   // The id may be the name of a file whose descriptor has another code.
   void AddFilesWithOtherCode() {
     for (std::size_t i = 0; i < query_.evaluation.built.size(); ++i) {
@@ -155,6 +224,7 @@ class Reasons {
       if (built.pack != nullptr || !named) continue;
       const std::string code = CodeOf(built.entry->properties);
       if (EqualByGlobalLocaleFold(code, code_)) continue;
+      if (LostCodeIn(built.entry->properties) != nullptr) continue;
       const PropertySource* kept = KeptInsteadOf(i);
       reasons_.push_back(
           {kept == nullptr ? "otherCode" : "duplicate",
@@ -181,13 +251,14 @@ class Reasons {
       if (file.reading.fault == DescriptorFault::None) continue;
       const CodeFinding finding = FindCodeIn(file.path, code_);
       if (finding.evidence == CodeEvidence::None) continue;
+      const Outcome outcome = OutcomeOf(file.reading);
+      const bool isLoadFault =
+          file.reading.kind != DescriptorKind::Neither && IsLoadFault(file.reading.fault);
       reasons_.push_back(
-          {file.reading.kind == DescriptorKind::Neither ? "notADescriptor" : "notLoaded",
-           finding.spelling, file.path,
-           fmt::format("{} {}{}; {}.", file.path, OutcomeText(file.reading),
-                       IsLoadFault(file.reading.fault) ? " (" + LoadFaultText(file) + ")" : "",
-                       EvidenceText(finding)),
-           "correct the file", LogLinesOf(file)});
+          {outcome.reason, finding.spelling, file.path,
+           fmt::format("{} {}{}; {}.", file.path, outcome.text,
+                       isLoadFault ? " (" + LoadFaultText(file) + ")" : "", EvidenceText(finding)),
+           outcome.remedy, LogLinesOf(file)});
     }
   }
 

@@ -9,6 +9,8 @@
 #include "explain/filters.h"
 #include "explain/log_lines.h"
 #include "explain/supersede.h"
+#include "model/literals.h"
+#include "model/property_places.h"
 #include "model/record_comparison.h"
 #include "output/wording.h"
 #include "remedy/remedies.h"
@@ -76,11 +78,11 @@ void AddSource(const PackageContext& package, PackageExplanation& explanation) {
         file);
   } else {
     explanation.sourceText = fmt::format(
-        "The filters look its properties up in {}, not in its own descriptor: {} comes first "
-        "there, because members of all packs are looked up before individual descriptors.",
-        file,
-        package.source.pack == nullptr ? "a package of the same code"
-                                       : fmt::format("member {}", package.source.member));
+        "The filters look its properties up in {}, not in its own descriptor: a package of the "
+        "same "
+        "code is found there first, because members of all packs are looked up before individual "
+        "descriptors.",
+        TextOf(PlaceIn(package.source, PropertyName::identificationCode, package.places)));
   }
 }
 
@@ -131,6 +133,21 @@ class Explainer {
     explanation_.packages.push_back(std::move(package));
   }
 
+  // What decided: a property, in the file where it stands.
+  FilePlace PlaceOf(const FilterExplanation& filter, const PackageContext& package,
+                    const SupersedeChain& chain) {
+    if (!filter.runs || filter.status == FilterStatus::Matched) return {};
+    if (filter.reason == "replacedByList") {
+      return PlaceIn(query_.model.SourceOf(chain.listedBy.back().code), PropertyName::supersede,
+                     places_);
+    }
+    if (filter.filter == FilterId::Supersede) {
+      return PlaceIn(package.query.origins[package.index], PropertyName::Version, places_);
+    }
+    if (filter.file.empty() || filter.properties.empty()) return {};
+    return PlaceIn(package.source, filter.properties.front().name.c_str(), places_);
+  }
+
   void AddFilters(PackageExplanation& package) {
     const std::string& code = package.record.identificationCode;
     const Evaluation& query = query_.evaluation;
@@ -138,12 +155,15 @@ class Explainer {
     if (evaluated == query.records.size()) {
       package.filters = ExplainGone(package.record, settings_);
     } else {
-      const PackageContext context{settings_, query_.model, query, evaluated,
-                                   query.sources[evaluated]};
+      const PackageContext context{settings_, query_.model, query,
+                                   places_,   evaluated,    query.sources[evaluated]};
       AddSource(context, package);
       package.filters = ExplainAll(context);
       package.repeats = RepeatsOf(context);
       package.supersede = SupersedeChainOf(context);
+      for (FilterExplanation& filter : package.filters) {
+        filter.place = PlaceOf(filter, context, package.supersede);
+      }
     }
     for (FilterExplanation& filter : package.filters) {
       OmitOtherReason(package.record, filter);
@@ -167,9 +187,10 @@ class Explainer {
     for (AbsenceReason& reason : ExplainAbsence(query_, explanation_.packageId)) {
       if (!HasPackage(reason.code)) explanation_.absence.push_back(std::move(reason));
     }
-    if (!explanation_.packages.empty()) return;
     const auto codes = CodesInOtherPacks(query_, explanation_.packageId);
     if (codes.empty() || explanation_.folderChanged) return;
+    // Of a package in another case there is an explanation already.
+    if (!explanation_.packages.empty() && codes.front() != explanation_.packageId) return;
     explanation_.absenceRemedies = FindRemedies(query_.model, settings_, codes.front());
   }
 
@@ -184,7 +205,19 @@ class Explainer {
   const EvaluatedQuery& query_;
   const QuerySettings& settings_;
   const Records& records_;
+  PropertyPlaces places_;
 };
+
+std::string PackText(const EvaluatedQuery& query) {
+  const auto& packs = query.model.Packages().kovuPackEntries();
+  if (packs.empty()) return "The folder has no pack.";
+  const auto chosen = query.model.ChosenPackFor(query.settings);
+  if (!chosen) {
+    return fmt::format("No pack is in use: none of {} applies to the machine.",
+                       Count(packs.size(), "pack"));
+  }
+  return fmt::format("The pack in use is {}.", packs[*chosen].kovuXmlFile);
+}
 
 }  // namespace
 
@@ -211,6 +244,7 @@ Explanation Explain(const EvaluatedQuery& query, const std::string& packageId) {
   explanation.returnCode = query.run.code;
   if (IsExplained(query.run.code)) {
     explanation.folderChanged = query.folderChanged;
+    explanation.packText = PackText(query);
     Explainer(explanation, query).Run();
   }
   return explanation;
@@ -218,6 +252,26 @@ Explanation Explain(const EvaluatedQuery& query, const std::string& packageId) {
 
 bool IsExplained(int returnCode) {
   return returnCode == QueryCode::Completed || returnCode == QueryCode::NoResults;
+}
+
+Conclusion ConclusionOf(const Explanation& explanation) {
+  if (!IsExplained(explanation.returnCode)) return Conclusion::NotRun;
+  if (explanation.packages.empty()) {
+    return explanation.absence.empty() ? Conclusion::Unknown : Conclusion::Absent;
+  }
+  const PackageExplanation& package = explanation.packages.front();
+  if (package.otherCase && explanation.absenceRemedies.code == explanation.packageId) {
+    return Conclusion::Absent;
+  }
+  switch (package.answer) {
+    case Answer::Offered:
+      return Conclusion::Offered;
+    case Answer::Refused:
+      return Conclusion::Refused;
+    case Answer::Undecided:
+      break;
+  }
+  return Conclusion::Undecided;
 }
 
 bool IsKnown(const Explanation& explanation) {

@@ -32,6 +32,13 @@ Explanation Explain(const EvaluatedQuery& query, const std::string& packageId);
 // Whether the query came as far as its records, even if there are none.
 bool IsExplained(int returnCode);
 
+// What an explanation says of its id. Absent: the folder has it, but the query gives no package for
+// it; one that differs in case is another package, where a pack that is not in use lists the id.
+// Unknown: the folder has nothing of that name.
+enum class Conclusion { NotRun, Offered, Refused, Undecided, Absent, Unknown };
+
+Conclusion ConclusionOf(const Explanation& explanation);
+
 // Whether there is something to say about the id.
 bool IsKnown(const Explanation& explanation);
 

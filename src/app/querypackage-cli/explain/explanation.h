@@ -21,6 +21,11 @@ struct PropertyReading {
   std::vector<std::string> values;
 };
 
+struct FilePlace {
+  std::string file;  // empty: no file
+  int line = 0;      // from 1; 0: not known
+};
+
 struct FilterExplanation {
   FilterId filter = FilterId::Duplicate;
   std::uint32_t status = FilterStatus::NotEvaluated;  // in the record; duplicate: Matched
@@ -29,6 +34,7 @@ struct FilterExplanation {
   std::string text;    // one sentence
   std::string file;    // whose properties decided; empty: none did
   std::vector<PropertyReading> properties;
+  FilePlace place;                   // what decided, where the filter does not match
   std::vector<std::string> details;  // further sentences
   std::vector<std::string> log;      // the library's own lines
 };
@@ -118,6 +124,7 @@ struct Explanation {
   QuerySettings query;
   std::string packageId;
   int returnCode = QueryCode::Completed;
+  std::string packText;        // which pack is in use, or why none is: one sentence
   bool folderChanged = false;  // between the query and the look at the descriptors
   std::vector<PackageExplanation> packages;
   std::vector<AbsenceReason> absence;  // empty where a record has exactly that code

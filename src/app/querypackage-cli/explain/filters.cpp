@@ -17,9 +17,16 @@ namespace Vornik::Cli {
 
 namespace {
 
-std::string PlaceOf(const PropertySource& source) {
-  return source.pack == nullptr ? source.entry->xmlFile
-                                : fmt::format("member {} of {}", source.member, source.File());
+// A folder's path without the separators that it ends in.
+std::string WithoutSlash(std::string folder) {
+  while (folder.size() > 1 && (folder.back() == '/' || folder.back() == preferredSeparator)) {
+    folder.pop_back();
+  }
+  return folder;
+}
+
+std::string PlaceOf(const PropertySource& source, const PackageContext& package) {
+  return TextOf(PlaceIn(source, PropertyName::identificationCode, package.places));
 }
 
 std::string VersionOf(const PropertySource& source) {
@@ -105,6 +112,15 @@ FilterExplanation ExplainIds(FilterId filter, const PackageContext& package,
 
 }  // namespace
 
+FilePlace PlaceIn(const PropertySource& source, const char* property, PropertyPlaces& places) {
+  if (source.entry == nullptr) return {};
+  return {source.File(), places.LineOf(source.File(), source.entry->properties, property)};
+}
+
+std::string TextOf(const FilePlace& place) {
+  return place.line == 0 ? place.file : fmt::format("{}:{}", place.file, place.line);
+}
+
 FilterExplanation BeginExplanation(FilterId filter, const PackageContext& package) {
   const Filter& info = FilterOf(filter);
   FilterExplanation explanation;
@@ -146,14 +162,14 @@ FilterExplanation ExplainDuplicate(const PackageContext& package) {
   const std::vector<PropertySource> dropped = DroppedAsRepeats(package);
   for (const PropertySource& repeat : dropped) {
     explanation.details.push_back(fmt::format("{}, version \"{}\", was dropped as a repeat of it.",
-                                              PlaceOf(repeat), VersionOf(repeat)));
+                                              PlaceOf(repeat, package), VersionOf(repeat)));
   }
   if (dropped.empty()) {
     return SetReason(explanation, "only", "No other descriptor of the query has this code.");
   }
   return SetReason(
       explanation, "first",
-      fmt::format("{} stands first and stayed; {} dropped.", PlaceOf(kept),
+      fmt::format("{} stands first and stayed; {} dropped.", PlaceOf(kept, package),
                   Count(dropped.size(), "repeat") + (dropped.size() == 1 ? " was" : " were")));
 }
 
@@ -209,7 +225,7 @@ FilterExplanation ExplainPayload(const PackageContext& package) {
   const auto missing = [&package](const char* property) {
     const std::string name = GetPropertyValue(property, package.source.entry->properties);
     return fmt::format("{}, which \"{}\" names, is no regular file.",
-                       PathInFolder(package.settings.folder, name), property);
+                       PathInFolder(WithoutSlash(package.settings.folder), name), property);
   };
   switch (package.model.PayloadOf(package.source)) {
     case PayloadVerdict::NoXmlFilename:

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "explain/explanation.h"
+#include "model/property_places.h"
 #include "model/query_model.h"
 #include "model/query_settings.h"
 
@@ -17,11 +18,18 @@ struct PackageContext {
   const QuerySettings& settings;
   QueryModel& model;
   const Evaluation& query;
+  PropertyPlaces& places;
   std::size_t index = 0;  // into the query's records
   PropertySource source;  // where the filters read its properties
 
   const QueryPackageResult& Record() const { return query.records[index]; }
 };
+
+// The line where a package has a property, or where the package is if it has none.
+FilePlace PlaceIn(const PropertySource& source, const char* property, PropertyPlaces& places);
+
+// a.xml:12
+std::string TextOf(const FilePlace& place);
 
 // What a filter's rule says, with the verdict that it gives. log stays empty, and the supersede
 // filter is explained elsewhere.

@@ -39,17 +39,30 @@ Json NamesOf(const std::vector<FilterId>& filters) {
   return ArrayOf(filters, [](FilterId filter) { return Json(FilterOf(filter).name); });
 }
 
+// Null where no file decided; a line of 0 is not known.
+Json PlaceObject(const FilePlace& place) {
+  if (place.file.empty()) return {};
+  return {{"file", place.file}, {"line", place.line}};
+}
+
 Json FilterObject(const FilterExplanation& filter) {
   const Filter& info = FilterOf(filter.filter);
   const auto property = [](const PropertyReading& reading) {
     return Json{{"name", reading.name}, {"values", reading.values}};
   };
-  return {{"filter", info.name},       {"slot", info.slotName},
-          {"status", filter.status},   {"verdict", VerdictOf(filter)},
-          {"runs", filter.runs},       {"reason", filter.reason},
-          {"text", filter.text},       {"rule", info.rule},
-          {"file", filter.file},       {"properties", ArrayOf(filter.properties, property)},
-          {"details", filter.details}, {"log", filter.log}};
+  return {{"filter", info.name},
+          {"slot", info.slotName},
+          {"status", filter.status},
+          {"verdict", VerdictOf(filter)},
+          {"runs", filter.runs},
+          {"reason", filter.reason},
+          {"text", filter.text},
+          {"rule", info.rule},
+          {"file", filter.file},
+          {"properties", ArrayOf(filter.properties, property)},
+          {"details", filter.details},
+          {"log", filter.log},
+          {"place", PlaceObject(filter.place)}};
 }
 
 Json GroupObject(const DriverGroup& group) {
@@ -126,22 +139,32 @@ Json AbsenceObject(const AbsenceReason& reason) {
           {"text", reason.text},     {"remedy", reason.remedy}, {"log", reason.log}};
 }
 
-std::string AnswerOf(const Explanation& explanation) {
-  if (!explanation.packages.empty()) return NameOf(explanation.packages.front().answer);
-  if (!explanation.absence.empty()) return "absent";
-  return IsExplained(explanation.returnCode) ? "unknown" : "notRun";
+const char* NameOf(Conclusion conclusion) {
+  switch (conclusion) {
+    case Conclusion::NotRun:
+      return "notRun";
+    case Conclusion::Offered:
+      return NameOf(Answer::Offered);
+    case Conclusion::Refused:
+      return NameOf(Answer::Refused);
+    case Conclusion::Undecided:
+      return NameOf(Answer::Undecided);
+    case Conclusion::Absent:
+      return "absent";
+    case Conclusion::Unknown:
+      break;
+  }
+  return "unknown";
 }
 
-}  // namespace
-
-std::string ExplanationJson(const Explanation& explanation) {
+Json ExplanationDocument(const Explanation& explanation) {
   const auto record = [](const PackageExplanation& package) {
     return RecordObject(package.record);
   };
   Json document = QueryDocument(explanation.query, explanation.returnCode,
                                 ArrayOf(explanation.packages, record));
   document["packageId"] = explanation.packageId;
-  document["answer"] = AnswerOf(explanation);
+  document["answer"] = NameOf(ConclusionOf(explanation));
   document["folderChanged"] = explanation.folderChanged;
   document["packages"] = ArrayOf(explanation.packages, [&](const PackageExplanation& package) {
     return PackageObject(explanation.query, package);
@@ -150,7 +173,18 @@ std::string ExplanationJson(const Explanation& explanation) {
   document["absenceWayOut"] = explanation.absenceRemedies.code.empty()
                                   ? Json()
                                   : RemediesObject(explanation.query, explanation.absenceRemedies);
-  return JsonText(document);
+  return document;
+}
+
+}  // namespace
+
+std::string ExplanationJson(const Explanation& explanation) {
+  return JsonText(ExplanationDocument(explanation));
+}
+
+std::string ExplanationsJson(const std::vector<Explanation>& explanations) {
+  return JsonText({{"schemaVersion", querySchemaVersion},
+                   {"explanations", ArrayOf(explanations, ExplanationDocument)}});
 }
 
 }  // namespace Vornik::Cli

@@ -3,6 +3,7 @@
 #define VORNIK_CLI_EXPLAIN_JSON_H
 
 #include <string>
+#include <vector>
 
 #include "explain/explanation.h"
 
@@ -11,6 +12,9 @@ namespace Vornik::Cli {
 // The document of "query" with only the explained records, followed by further keys; ASCII only,
 // and ended by a line feed.
 std::string ExplanationJson(const Explanation& explanation);
+
+// An object whose "explanations" are these documents.
+std::string ExplanationsJson(const std::vector<Explanation>& explanations);
 
 }  // namespace Vornik::Cli
 

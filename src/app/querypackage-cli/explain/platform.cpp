@@ -7,6 +7,7 @@
 #include "explain/filters.h"
 #include "filters/platform.h"
 #include "model/literals.h"
+#include "text/decimal.h"
 
 namespace Vornik::Cli {
 
@@ -27,9 +28,15 @@ struct EvaluatedLists {
   std::vector<PlatformFit> fits;
 };
 
+// 0 stands for any.
+std::string CodeListed(const char* what, const std::string& text) {
+  return fmt::format(ParseDecimal(text) == 0 ? "any {} (\"{}\")" : "{} \"{}\"", what, text);
+}
+
 std::string PositionText(const EvaluatedLists& lists, std::size_t i) {
-  return fmt::format("machine type \"{}\", operating system \"{}\", architecture \"{}\"",
-                     lists.machineTypes[i], lists.systems[i], lists.architectures[i]);
+  return fmt::format("machine type \"{}\", {}, {}", lists.machineTypes[i],
+                     CodeListed("operating system", lists.systems[i]),
+                     CodeListed("architecture", lists.architectures[i]));
 }
 
 // What does not fit at a position with the right machine type.

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <set>
 
 #include "filters/supersede/supersede_reason.h"
 #include "model/literals.h"
@@ -102,13 +103,21 @@ std::string GroupName(const DriverGroup& group) {
          QuotedList(group.driverFiles);
 }
 
+// Codes that differ only in case are ranked as one package, which then has several places.
+std::size_t PackagesIn(const DriverGroup& group) {
+  std::set<std::string> codes;
+  for (const RankedPackage& ranked : group.ranking) codes.insert(ranked.code);
+  return codes.size();
+}
+
 std::string RankText(const DriverGroup& group) {
   const std::size_t place = PlaceIn(group);
   const RankedPackage& own = group.ranking[place];
+  const std::size_t packages = PackagesIn(group);
+  if (packages == 1) return "It is ranked with itself alone, under codes that differ only in case.";
   if (place + 1 == group.ranking.size()) {
     return fmt::format("Its version {} stands last, and so highest, of the {} with {}.",
-                       AsCompared(own.version), Count(group.ranking.size(), "package"),
-                       GroupName(group));
+                       AsCompared(own.version), Count(packages, "package"), GroupName(group));
   }
   const RankedPackage& next = group.ranking[place + 1];
   const char* relation =
@@ -136,18 +145,26 @@ void AddLists(FilterExplanation& explanation, const SupersedeChain& chain) {
   }
 }
 
+std::string RankingText(const DriverGroup& group) {
+  std::string text = "Ranked as text by " + GroupName(group) + ", the last one is kept: ";
+  for (std::size_t i = 0; i < group.ranking.size(); ++i) {
+    const RankedPackage& ranked = group.ranking[i];
+    if (i != 0 && group.ranking[i - 1].code == ranked.code) continue;
+    if (i != 0) text += group.ranking[i - 1].comparedAs == ranked.comparedAs ? " = " : " < ";
+    text += AsCompared(ranked.version) + " of " +
+            (ranked.isThis ? "this package" : CodeText(ranked.code));
+  }
+  return text + '.';
+}
+
 void AddGroups(FilterExplanation& explanation, const SupersedeChain& chain) {
   for (const DriverGroup& group : chain.groups) {
-    std::string ranking = "Ranked as text by " + GroupName(group) + ", the last one is kept: ";
-    for (std::size_t i = 0; i < group.ranking.size(); ++i) {
-      const RankedPackage& ranked = group.ranking[i];
-      if (i != 0) {
-        ranking += group.ranking[i - 1].comparedAs == ranked.comparedAs ? " = " : " < ";
-      }
-      ranking += AsCompared(ranked.version) + " of " +
-                 (ranked.isThis ? "this package" : CodeText(ranked.code));
+    const std::size_t packages = PackagesIn(group);
+    if (packages > 1) explanation.details.push_back(RankingText(group));
+    if (packages < group.ranking.size()) {
+      explanation.details.emplace_back(
+          "Codes that differ only in case are all ranked as the first of their packages.");
     }
-    explanation.details.push_back(ranking + '.');
   }
   if (chain.listOverridden) {
     explanation.details.emplace_back(

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "explain/filters.h"
 #include "output/columns.h"
 #include "output/console_text.h"
 #include "output/wording.h"
@@ -39,9 +40,13 @@ std::string NamesOf(const std::vector<FilterId>& filters) {
   return names;
 }
 
+bool IsObstacle(const FilterExplanation& filter) {
+  return filter.runs && filter.status != FilterStatus::Matched;
+}
+
 class Writer {
  public:
-  explicit Writer(bool colour) : colour_(colour) {}
+  Writer(TextDetail detail, bool colour) : isBrief_(detail == TextDetail::Brief), colour_(colour) {}
 
   std::string Take() { return std::move(out_); }
 
@@ -80,10 +85,40 @@ class Writer {
       Line(2, "Further packages have the same letters in another case: " +
                   QuotedList(package.otherSpellings) + '.');
     }
-    WriteOrigin(package);
-    for (const FilterExplanation& filter : package.filters) WriteFilter(filter);
-    out_ += '\n';
-    WriteRemedies(explanation.query, package.remedies);
+    if (isBrief_) {
+      WriteBriefly(explanation, package);
+    } else {
+      WriteOrigin(package);
+      for (const FilterExplanation& filter : package.filters) WriteFilter(filter);
+      out_ += '\n';
+    }
+    if (!isBrief_ || package.remedies.state != RemedyState::NotNeeded) {
+      WriteRemedies(explanation.query, package.remedies);
+    }
+  }
+
+  void WriteBriefly(const Explanation& explanation, const PackageExplanation& package) {
+    Line(2, explanation.packText);
+    if (!package.sourceIsOwn) Line(2, package.sourceText);
+    for (const FilterExplanation& filter : package.filters) {
+      if (IsObstacle(filter)) WriteObstacle(filter);
+    }
+  }
+
+  // What decided, in one line, and its place in another one.
+  void WriteObstacle(const FilterExplanation& filter) {
+    out_ += fmt::format("  {} {} ", Coloured(WordOf(filter), 4),
+                        Padded(FilterOf(filter.filter).name, 12));
+    Line(0, filter.text);
+    std::string further = filter.place.file.empty() ? "" : TextOf(filter.place);
+    if (!filter.details.empty()) {
+      further += (further.empty() ? "" : ": ") + filter.details.front();
+    }
+    if (filter.details.size() > 1) {
+      further +=
+          fmt::format(" ({} with --verbose)", Count(filter.details.size() - 1, "further sentence"));
+    }
+    if (!further.empty()) Line(8, further);
   }
 
   void WriteHeadline(const PackageExplanation& package) {
@@ -99,7 +134,19 @@ class Writer {
       out_ += fmt::format("{} no verdict of {}", package.refusedBy.empty() ? ":" : ";",
                           NamesOf(package.undecidedBy));
     }
+    if (isBrief_) out_ += MainReason(package);
     out_ += '\n';
+  }
+
+  // Of the first filter that refuses; where none does, of the first that cannot decide.
+  static std::string MainReason(const PackageExplanation& package) {
+    if (package.answer == Answer::Offered) return ". Every filter that runs matches.";
+    const FilterId decisive =
+        package.refusedBy.empty() ? package.undecidedBy.front() : package.refusedBy.front();
+    for (const FilterExplanation& filter : package.filters) {
+      if (filter.filter == decisive) return ". " + Printable(filter.text);
+    }
+    return "";
   }
 
   void WriteOrigin(const PackageExplanation& package) {
@@ -138,55 +185,80 @@ class Writer {
         Line(0, "No settings were found that make every filter match; not all were tried.");
         break;
     }
-    for (const std::string& fault : remedies.inTheRepository)
-      Line(2, "In the repository: " + fault);
+    const std::size_t shown = Shown(remedies.inTheRepository.size());
+    for (std::size_t i = 0; i < shown; ++i) {
+      Line(2, "In the repository: " + remedies.inTheRepository[i]);
+    }
+    WriteLeftOut(remedies.inTheRepository.size() - shown);
+  }
+
+  // How many of several lines are printed.
+  std::size_t Shown(std::size_t lines) const {
+    constexpr std::size_t most = 5;
+    return isBrief_ && lines > most + 1 ? most : lines;
+  }
+
+  void WriteLeftOut(std::size_t lines) {
+    if (lines != 0) Line(2, fmt::format("({} with --verbose)", Count(lines, "further line")));
   }
 
   void WriteChanges(const QuerySettings& query, const Remedies& remedies) {
     Line(0, fmt::format("The smallest change of the query that makes every filter match{}:",
                         remedies.code.empty() ? "" : " " + Quoted(remedies.code)));
-    for (std::size_t i = 0; i < remedies.queries.size(); ++i) {
+    const std::size_t shown = Shown(remedies.queries.size());
+    for (std::size_t i = 0; i < shown; ++i) {
       std::string text;
       for (const SettingChange& change : ChangesBetween(query, remedies.queries[i])) {
         text += (text.empty() ? "" : "; ") + change.text;
       }
       Line(2, (i == 0 ? "" : "or: ") + text);
     }
+    WriteLeftOut(remedies.queries.size() - shown);
     if (remedies.searchEnded) Line(2, "Not all were tried: others may be as small or smaller.");
   }
 
   void WriteAbsence(const Explanation& explanation) {
     if (!out_.empty()) out_ += '\n';
-    out_ += fmt::format("{}: {}\n", Printable(explanation.packageId),
+    out_ += fmt::format("{}: {}", Printable(explanation.packageId),
                         Coloured({"NO PACKAGE", Paint::Bad}));
-    Line(2, "The query gives no package with exactly this code.");
-    for (const AbsenceReason& reason : explanation.absence) {
-      out_ += '\n';
-      Line(2, reason.text);
-      if (!reason.remedy.empty()) Line(8, "Do:   " + reason.remedy);
-      for (const std::string& line : reason.log) Line(8, "Log:  " + line);
+    out_ += isBrief_ ? ". " + Printable(explanation.absence.front().text) + '\n' : "\n";
+    if (isBrief_) {
+      Line(2, explanation.packText);
+    } else {
+      Line(2, "The query gives no package with exactly this code.");
     }
+    for (const AbsenceReason& reason : explanation.absence) WriteReason(explanation, reason);
     if (explanation.absenceRemedies.code.empty()) return;
-    out_ += '\n';
+    if (!isBrief_) out_ += '\n';
     WriteRemedies(explanation.query, explanation.absenceRemedies);
   }
 
+  void WriteReason(const Explanation& explanation, const AbsenceReason& reason) {
+    if (!isBrief_) out_ += '\n';
+    // The first line has it already.
+    if (!isBrief_ || &reason != &explanation.absence.front()) Line(2, reason.text);
+    if (!reason.remedy.empty()) Line(isBrief_ ? 2 : 8, "Do:   " + reason.remedy);
+    if (isBrief_) return;
+    for (const std::string& line : reason.log) Line(8, "Log:  " + line);
+  }
+
   void WriteUnknown(const Explanation& explanation) {
-    out_ += fmt::format("{}: {}\n", Printable(explanation.packageId),
-                        Coloured({"UNKNOWN", Paint::Bad}));
-    Line(2,
+    out_ += fmt::format("{}: {}{}", Printable(explanation.packageId),
+                        Coloured({"UNKNOWN", Paint::Bad}), isBrief_ ? ". " : "\n  ");
+    Line(0,
          "No descriptor of the folder has this code, and no file that is passed over or fails "
          "to load holds it.");
   }
 
+  const bool isBrief_;
   const bool colour_;
   std::string out_;
 };
 
 }  // namespace
 
-std::string ExplanationText(const Explanation& explanation, bool colour) {
-  Writer writer(colour);
+std::string ExplanationText(const Explanation& explanation, TextDetail detail, bool colour) {
+  Writer writer(detail, colour);
   writer.Write(explanation);
   return writer.Take();
 }

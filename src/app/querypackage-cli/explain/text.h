@@ -8,9 +8,13 @@
 
 namespace Vornik::Cli {
 
-// For each package a headline with the answer, a block for each filter and the remedies; then why
-// no record has the id, where none has. Texts of descriptors go through Printable.
-std::string ExplanationText(const Explanation& explanation, bool colour);
+// Brief: the answer and the main reason in the first line, the pack in use, the filters that refuse
+// or cannot decide, and the remedies. Full: each filter with its rule and what it read.
+enum class TextDetail { Brief, Full };
+
+// Of each package; then why no record has the id, where none has. Texts of descriptors go through
+// Printable.
+std::string ExplanationText(const Explanation& explanation, TextDetail detail, bool colour);
 
 }  // namespace Vornik::Cli
 

@@ -131,9 +131,11 @@ constexpr std::array<Filter, filterCount> filters{{
      "SUPERSEDE",
      LogText::supersede,
      {nullptr, nullptr, LogText::noProperties},
-     "No package of the query may replace it, neither by a \"supersede\" list nor by a greater "
-     "\"Version\" (compared as text) among those that share a driver file, which has the last "
-     "word.",
+     "The \"supersede\" lists are applied in byte order of their packages' codes: each marks what "
+     "it "
+     "names as replaced, then keeps its own package. After them, of the packages that share a "
+     "driver "
+     "file, only the one with the greatest \"Version\" (compared as text) is kept.",
      nullptr,
      ExplainSupersede,
      FilterSetting{"supersedeFilter", &Settings::supersedeFilter,

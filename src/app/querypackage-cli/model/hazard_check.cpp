@@ -7,42 +7,14 @@
 
 #include "inspection/descriptor_inspection.h"
 #include "model/literals.h"
+#include "model/property_places.h"
 #include "records/driver_files.h"
 #include "records/pack_members.h"
 #include "records/pack_selection.h"
-#include "text/letter_case.h"
 
 namespace Vornik::Cli {
 
 namespace {
-
-bool SameProperty(const SupXmlProperty& a, const SupXmlProperty& b) {
-  return a.name == b.name && a.type == b.type && a.values == b.values;
-}
-
-bool SameProperties(const SupXmlProperties& a, const SupXmlProperties& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), SameProperty);
-}
-
-// The classifications that count are those of the last property with that name.
-int LineOfClassifications(const PlacedPackage& package) {
-  for (std::size_t i = package.properties.size(); i-- > 0;) {
-    if (EqualByCLibraryFold(package.properties[i].name, PropertyName::driverFilesClassification)) {
-      return package.places[i]->place.line;
-    }
-  }
-  return 0;
-}
-
-int LineOfClassifications(const std::string& file, const SupXmlProperties& properties) {
-  const DescriptorInspection inspection = InspectDescriptor(file);
-  const auto& packages = inspection.packages;
-  const auto package =
-      std::find_if(packages.begin(), packages.end(), [&properties](const PlacedPackage& candidate) {
-        return SameProperties(candidate.properties, properties);
-      });
-  return package == packages.end() ? 0 : LineOfClassifications(*package);
-}
 
 Hazard InstanceHazardIn(const std::string& file) {
   const auto instances = InspectDescriptor(file).instancesWithoutClassName;
@@ -55,7 +27,7 @@ Hazard InstanceHazardIn(const std::string& file) {
 Hazard UnclassifiedIn(const std::string& file, const SupXmlProperties& properties) {
   return {HazardKind::UnclassifiedDriver,
           file,
-          LineOfClassifications(file, properties),
+          PropertyPlaces().LineOf(file, properties, PropertyName::driverFilesClassification),
           GetPropertyValue(PropertyName::identificationCode, properties),
           GetPropertyValues(PropertyName::driverFiles, properties).size(),
           GetPropertyValues(PropertyName::driverFilesClassification, properties).size()};

@@ -6,6 +6,7 @@
 
 #include "model/literals.h"
 #include "output/wording.h"
+#include "text/paths.h"
 
 namespace Vornik::Cli {
 
@@ -35,9 +36,29 @@ std::string RivalText(const std::vector<KovuPackEntry>& packs, const PackResult&
       AsCompared(std::string(*result.rivalVersion)));
 }
 
+bool HasOwnInstance(const KovuPackEntry& pack) {
+  return IsSelfInstance(pack.kovuXmlFile,
+                        GetPropertyValue(PropertyName::xmlFilename, PackLevelProperties(pack)));
+}
+
 std::string ListText(const char* property, const KovuPackEntry& pack, const std::string& wanted) {
-  return fmt::format("its \"{}\" do not hold {}: {}", property, wanted,
+  const std::string list =
+      HasOwnInstance(pack)
+          ? fmt::format("its \"{}\"", property)
+          : fmt::format(
+                "it has no INSTANCE of its own, and the \"{}\" of the first member, which is "
+                "taken for the pack,",
+                property);
+  return fmt::format("{} do not hold {}: {}", list, wanted,
                      QuotedList(GetPropertyValues(property, PackLevelProperties(pack))));
+}
+
+std::string MissingText(const char* property, const KovuPackEntry& pack) {
+  return fmt::format("it has no {}\"{}\", so it never applies",
+                     HasOwnInstance(pack) ? ""
+                                          : "INSTANCE of its own, and the first member, which is "
+                                            "taken for the pack, no ",
+                     property);
 }
 
 }  // namespace
@@ -47,12 +68,12 @@ std::string TextOf(const std::vector<KovuPackEntry>& packs, const std::vector<Pa
   const PackResult& result = results[index];
   switch (result.verdict) {
     case PackVerdict::NoMachineTypes:
-      return "it has no \"applicableMachineTypes\", so it never applies";
+      return MissingText(PropertyName::applicableMachineTypes, packs[index]);
     case PackVerdict::OtherMachineType:
       return ListText(PropertyName::applicableMachineTypes, packs[index],
                       "the machine type " + machineType);
     case PackVerdict::NoOperatingSystems:
-      return "it has no \"applicableOperatingSystems\", so it never applies";
+      return MissingText(PropertyName::applicableOperatingSystems, packs[index]);
     case PackVerdict::OtherOperatingSystem:
       return ListText(
           PropertyName::applicableOperatingSystems, packs[index],

@@ -64,8 +64,7 @@ Json SettingsObject(const QuerySettings& settings) {
 }
 
 Json QueryDocument(const QuerySettings& settings, const Json& returnCode, Json records) {
-  constexpr int schemaVersion = 2;
-  return {{"schemaVersion", schemaVersion},
+  return {{"schemaVersion", querySchemaVersion},
           {"query", SettingsObject(settings)},
           {"returnCode", returnCode},
           {"records", std::move(records)}};

@@ -8,6 +8,9 @@
 
 namespace Vornik::Cli {
 
+// Of the documents of "query" and "explain".
+inline constexpr int querySchemaVersion = 2;
+
 // The settings, those of the filters under the names in their table.
 Json SettingsObject(const QuerySettings& settings);
 

@@ -1,0 +1,27 @@
+// Lines of the descriptors in which a query found what decided.
+#ifndef VORNIK_CLI_MODEL_PROPERTY_PLACES_H
+#define VORNIK_CLI_MODEL_PROPERTY_PLACES_H
+
+#include <string>
+
+#include "inspection/descriptor_inspection.h"
+#include "model/properties.h"
+
+namespace Vornik::Cli {
+
+class PropertyPlaces {
+ public:
+  // The line of a property, counted from 1; of several with that name the one that counts, the
+  // last. That of the package where it has no such property; 0 where the file no longer has the
+  // package.
+  int LineOf(const std::string& file, const SupXmlProperties& package, const char* property);
+
+ private:
+  // The last file that was asked for: packages of one pack follow each other.
+  std::string file_;
+  DescriptorInspection inspection_;
+};
+
+}  // namespace Vornik::Cli
+
+#endif  // VORNIK_CLI_MODEL_PROPERTY_PLACES_H

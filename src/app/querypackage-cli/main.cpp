@@ -33,13 +33,15 @@ constexpr const char* closingHelp = R"(Exit status:
   3   The folder could not be read to its end.
   4   The folder gives no package for this machine. explain says why, and ends with 0 or 1.
       list: no file of the folder is a package descriptor that can be read.
+  10  explain --exit-code: a package is refused. 11: undecided. 12: absent, although the folder
+      has it. 13, in place of 1: nothing is known by an id. Of several the greatest.
   64  The command line is wrong or incomplete, or the log file cannot be opened.
   65  A descriptor that the query would reach would make it hang or end the process. --trust
       skips this check.
   70  An exception ended the query.
   71  An internal error: the verdicts of a query and those that explain evaluates disagree.
   74  Standard output could not be written.
-Each status but 0 comes with a line on standard error that says what to do.
+Each status but 0, 10, 11 and 12 comes with a line on standard error that says what to do.
 
 The output is coloured on a terminal, unless NO_COLOR is set to a text that is not empty, or TERM
 is "dumb". --color decides otherwise.
@@ -49,7 +51,7 @@ is "dumb". --color decides otherwise.
 Examples:
   querypackage-cli query packages --machine-type 1234 --os 10 --arch 9 --update-type 1
   querypackage-cli list packages
-  querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 --package orx_drv_a
+  querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 orx_drv_a
   querypackage-cli lint packages --fail-on warning)";
 
 int PrintAndEnd(const std::string& text) {

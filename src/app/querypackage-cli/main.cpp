@@ -33,8 +33,10 @@ constexpr const char* closingHelp = R"(Exit status:
   3   The folder could not be read to its end.
   4   The folder gives no package for this machine. explain says why, and ends with 0 or 1.
       list: no file of the folder is a package descriptor that can be read.
-  10  explain --exit-code: a package is refused. 11: undecided. 12: absent, although the folder
-      has it. 13, in place of 1: nothing is known by an id. Of several the greatest.
+  10  explain --exit-code: a package is refused. Of several statuses the greatest counts.
+  11  explain --exit-code: a package is undecided.
+  12  explain --exit-code: an id has no package, although the folder has it.
+  13  explain --exit-code, in place of 1: nothing is known by an id.
   64  The command line is wrong or incomplete, or the log file cannot be opened.
   65  A descriptor that the query would reach would make it hang or end the process. --trust
       skips this check.

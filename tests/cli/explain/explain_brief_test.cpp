@@ -43,9 +43,10 @@ TEST_F(ExplainBriefTest, FirstLineHasTheAnswerAndTheMainReason) {
 
 TEST_F(ExplainBriefTest, PackInUseOrWhyThereIsNone) {
   WritePackage("a");
-  EXPECT_EQ(LinesOfBrief("a")[1], "  The folder has no pack.");
+  EXPECT_EQ(LinesOfBrief("a")[1], "  No pack is used: the folder has none.");
   folder.Write("p.xml", Pack({PackItself("p.xml").Set("applicableMachineTypes", {"5678"})}));
-  EXPECT_EQ(LinesOfBrief("a")[1], "  No pack is in use: none of 1 pack applies to the machine.");
+  EXPECT_EQ(LinesOfBrief("a")[1],
+            "  No pack is used: those of the folder name the machine types 5678.");
   folder.Write("q.xml", Pack({PackItself("q.xml"), Package("m").Set("xmlFilename", "m.xml")}));
   EXPECT_EQ(LinesOfBrief("a")[1], "  The pack in use is " + PathOf("q.xml") + ".");
 }
@@ -125,9 +126,9 @@ TEST_F(ExplainBriefTest, NeitherIdNorPackageIsRefused) {
   WritePackage("a");
   const Outcome outcome = Run({});
   EXPECT_EQ(outcome.status, 64);
-  EXPECT_EQ(
-      outcome.err,
-      "querypackage-cli: explain needs an ID or --package; see \"querypackage-cli --help\"\n");
+  EXPECT_EQ(outcome.err,
+            "querypackage-cli: explain needs an ID or --package; see \"querypackage-cli explain "
+            "--help\"\n");
 }
 
 TEST_F(ExplainBriefTest, ExitCodeTellsTheAnswer) {

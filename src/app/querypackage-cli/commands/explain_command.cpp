@@ -21,6 +21,7 @@
 #include "model/library_run.h"
 #include "model/query_model.h"
 #include "output/terminal.h"
+#include "query/pack_summary.h"
 
 namespace Vornik::Cli {
 
@@ -37,14 +38,18 @@ struct ExplainOptions {
   bool exitCode = false;
 };
 
-std::vector<Explanation> ExplainAll(const ExplainOptions& options, const EvaluatedQuery& query) {
+std::vector<Explanation> ExplainAll(const ExplainOptions& options, const EvaluatedQuery& query,
+                                    const std::string& packText) {
   std::vector<std::string> ids;
   if (options.ids.exact) ids.push_back(*options.ids.exact);
   for (std::string& id : ResolveIds(query, options.ids.asked)) {
     if (id != options.ids.exact) ids.push_back(std::move(id));
   }
   std::vector<Explanation> explanations;
-  for (const std::string& id : ids) explanations.push_back(Explain(query, id));
+  for (const std::string& id : ids) {
+    explanations.push_back(Explain(query, id));
+    explanations.back().packText = packText;
+  }
   return explanations;
 }
 
@@ -109,6 +114,7 @@ int ExplainPackages(const ExplainOptions& options) {
   if (!options.trust) {
     if (const auto refusal = RefuseHazard(options.query, contents)) return *refusal;
   }
+  const std::string packText = TextOf(SummarizePacks(contents, options.query), options.query);
   const LibraryRun run = RunLibrary(options.query, contents);
   if (!options.display.quiet) ReportLostLogRecords();
 
@@ -118,7 +124,7 @@ int ExplainPackages(const ExplainOptions& options) {
   const EvaluatedQuery query{options.query, run, model, evaluation,
                              ListEntries(options.query.folder) != before};
   if (const auto failure = FailOnDisagreement(query)) return *failure;
-  const std::vector<Explanation> explanations = ExplainAll(options, query);
+  const std::vector<Explanation> explanations = ExplainAll(options, query, packText);
   return PrintExplanations(options, explanations) ? StatusOf(options, explanations) : FailToPrint();
 }
 
@@ -145,7 +151,7 @@ namespace {
 
 void AddDetail(CLI::App& command, TextDetail& detail) {
   command.add_flag_callback(
-      "-v,--verbose", [&detail] { detail = TextDetail::Full; },
+      "--verbose", [&detail] { detail = TextDetail::Full; },
       "Print every filter, its rule and the properties as read");
 }
 

@@ -45,6 +45,10 @@ inline constexpr char explain[] = R"(Exit status:
   2   The query was refused: FOLDER is not a folder, the machine type is not four digits, or an id
       is both included and excluded.
   3   The folder could not be read to its end.
+  10  With --exit-code: a package is refused. Of several statuses the greatest counts.
+  11  With --exit-code: a package is undecided.
+  12  With --exit-code: an id has no package, although the folder has it.
+  13  With --exit-code, in place of 1: nothing is known by an id.
   64  The command line is wrong or incomplete, or the log file cannot be used.
   65  A descriptor that the query would reach would make it hang or end the process. --trust
       skips this check.
@@ -53,8 +57,8 @@ inline constexpr char explain[] = R"(Exit status:
   74  Standard output could not be written.
 
 Examples:
-  querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 --package orx_drv_a
-  querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 --package a --format json)";
+  querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 orx_drv_a
+  querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 "orx_drv_*" --format json)";
 
 inline constexpr char lint[] = R"(Exit status:
   0   No finding is severe enough to fail on, a baseline is written, or --explain has printed a

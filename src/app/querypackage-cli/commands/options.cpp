@@ -95,8 +95,8 @@ void AddQuerySettings(CLI::App& command, QuerySettings& settings) {
 }
 
 void AddPackageIds(CLI::App& command, PackageIds& ids) {
-  // An argument of several values divides "[a,b]". What is given to --package is taken as it is, but
-  // an option with one value would read "{}" as no value.
+  // An argument of several values divides "[a,b]". What is given to --package is taken as it is,
+  // but an option with one value would read "{}" as no value.
   command
       .add_option(
           "ID", [](const CLI::results_t&) { return true; },

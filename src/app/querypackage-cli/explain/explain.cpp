@@ -208,17 +208,6 @@ class Explainer {
   PropertyPlaces places_;
 };
 
-std::string PackText(const EvaluatedQuery& query) {
-  const auto& packs = query.model.Packages().kovuPackEntries();
-  if (packs.empty()) return "The folder has no pack.";
-  const auto chosen = query.model.ChosenPackFor(query.settings);
-  if (!chosen) {
-    return fmt::format("No pack is in use: none of {} applies to the machine.",
-                       Count(packs.size(), "pack"));
-  }
-  return fmt::format("The pack in use is {}.", packs[*chosen].kovuXmlFile);
-}
-
 }  // namespace
 
 std::optional<std::string> FindDisagreement(const EvaluatedQuery& query) {
@@ -244,7 +233,6 @@ Explanation Explain(const EvaluatedQuery& query, const std::string& packageId) {
   explanation.returnCode = query.run.code;
   if (IsExplained(query.run.code)) {
     explanation.folderChanged = query.folderChanged;
-    explanation.packText = PackText(query);
     Explainer(explanation, query).Run();
   }
   return explanation;

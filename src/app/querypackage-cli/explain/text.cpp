@@ -98,7 +98,7 @@ class Writer {
   }
 
   void WriteBriefly(const Explanation& explanation, const PackageExplanation& package) {
-    Line(2, explanation.packText);
+    if (!explanation.packText.empty()) Line(2, explanation.packText);
     if (!package.sourceIsOwn) Line(2, package.sourceText);
     for (const FilterExplanation& filter : package.filters) {
       if (IsObstacle(filter)) WriteObstacle(filter);

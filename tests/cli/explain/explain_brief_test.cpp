@@ -48,7 +48,7 @@ TEST_F(ExplainBriefTest, PackInUseOrWhyThereIsNone) {
   EXPECT_EQ(LinesOfBrief("a")[1],
             "  No pack is used: those of the folder name the machine types 5678.");
   folder.Write("q.xml", Pack({PackItself("q.xml"), Package("m").Set("xmlFilename", "m.xml")}));
-  EXPECT_EQ(LinesOfBrief("a")[1], "  The pack in use is " + PathOf("q.xml") + ".");
+  EXPECT_EQ(LinesOfBrief("a")[1], "  Pack in use: q.xml, version 1.");
 }
 
 TEST_F(ExplainBriefTest, OnlyWhatRefusesIsNamedWithTheLineThatDecided) {

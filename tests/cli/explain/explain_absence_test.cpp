@@ -38,13 +38,24 @@ TEST_F(ExplainAbsenceTest, IdThatNothingKnowsEndsWith1) {
   EXPECT_EQ(document["packages"], Json::array());
   EXPECT_EQ(document["absence"], Json::array());
   EXPECT_EQ(document["absenceWayOut"], Json());
-  const Outcome outcome = Explain("b");
+  const Outcome outcome = Explain("other");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.out,
-              testing::StartsWith("b: UNKNOWN. No descriptor of the folder has this code,"));
+              testing::StartsWith("other: UNKNOWN. No descriptor of the folder has this code,"));
   EXPECT_EQ(outcome.err,
-            "querypackage-cli: nothing in the folder is known as \"b\": check the spelling; "
-            "\"querypackage-cli query\" lists the packages\n");
+            "querypackage-cli: nothing in the folder is known as \"other\": check the spelling; "
+            "\"querypackage-cli list\" lists the packages\n");
+}
+
+TEST_F(ExplainAbsenceTest, NearestIdsOfAnUnknownOneAreNamed) {
+  WritePackage("orx_drv_audio_6");
+  folder.Write("p.xml", Pack({PackItself("p.xml").Set("applicableMachineTypes", {"5678"}),
+                              Member("orx_drv_adio_7")}));
+  const Outcome outcome = Explain("orx_drv_adio_6");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "querypackage-cli: nothing in the folder is known as \"orx_drv_adio_6\"; the nearest: "
+            "\"orx_drv_audio_6\", \"orx_drv_adio_7\"\n");
 }
 
 TEST_F(ExplainAbsenceTest, EmptyFolderKnowsNothing) {

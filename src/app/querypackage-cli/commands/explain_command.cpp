@@ -21,6 +21,7 @@
 #include "model/library_run.h"
 #include "model/query_model.h"
 #include "output/terminal.h"
+#include "output/wording.h"
 #include "query/pack_summary.h"
 
 namespace Vornik::Cli {
@@ -49,6 +50,7 @@ std::vector<Explanation> ExplainAll(const ExplainOptions& options, const Evaluat
   for (const std::string& id : ids) {
     explanations.push_back(Explain(query, id));
     explanations.back().packText = packText;
+    if (!IsKnown(explanations.back())) explanations.back().nearest = NearestCodes(query, id);
   }
   return explanations;
 }
@@ -91,6 +93,14 @@ int StatusOf(Conclusion conclusion) {
   return ExitStatus::success;
 }
 
+std::string UnknownText(const Explanation& explanation) {
+  const std::string text =
+      fmt::format("nothing in the folder is known as \"{}\"", explanation.packageId);
+  return explanation.nearest.empty()
+             ? text + ": check the spelling; \"querypackage-cli list\" lists the packages"
+             : text + "; the nearest: " + BriefList(explanation.nearest);
+}
+
 int StatusOf(const ExplainOptions& options, const std::vector<Explanation>& explanations) {
   int status = ExitStatus::success;
   for (const Explanation& explanation : explanations) {
@@ -98,11 +108,7 @@ int StatusOf(const ExplainOptions& options, const std::vector<Explanation>& expl
     if (!IsExplained(code)) return Fail(code, Advice(code, explanation.query));
     if (options.exitCode) status = std::max(status, StatusOf(ConclusionOf(explanation)));
     if (IsKnown(explanation)) continue;
-    const int failure =
-        Fail(ExitStatus::negative,
-             fmt::format("nothing in the folder is known as \"{}\": check the spelling; "
-                         "\"querypackage-cli query\" lists the packages",
-                         explanation.packageId));
+    const int failure = Fail(ExitStatus::negative, UnknownText(explanation));
     if (!options.exitCode) status = failure;
   }
   return status;

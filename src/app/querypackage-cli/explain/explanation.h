@@ -127,6 +127,7 @@ struct Explanation {
   std::string packText;        // which pack is in use, or why none is: one sentence
   bool folderChanged = false;  // between the query and the look at the descriptors
   std::vector<PackageExplanation> packages;
+  std::vector<std::string> nearest;    // codes like the id, where nothing in the folder has it
   std::vector<AbsenceReason> absence;  // empty where a record has exactly that code
   Remedies absenceRemedies;            // where packages is empty
 };

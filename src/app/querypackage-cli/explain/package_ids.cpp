@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "model/edit_distance.h"
 #include "model/literals.h"
 
 namespace Vornik::Cli {
@@ -70,6 +71,10 @@ bool MatchesPattern(std::string_view pattern, std::string_view text) {
     }
   }
   return pattern.find_first_not_of('*', p) == std::string_view::npos;
+}
+
+std::vector<std::string> NearestCodes(const EvaluatedQuery& query, const std::string& id) {
+  return NearestNames(id, CodesOf(query).Texts());
 }
 
 std::vector<std::string> ResolveIds(const EvaluatedQuery& query,

@@ -15,6 +15,10 @@ namespace Vornik::Cli {
 //   "orx_*", "orx_a"  =>  true
 bool MatchesPattern(std::string_view pattern, std::string_view text);
 
+// The codes of the query's packages, and of members of packs that are not in use, that are most
+// like an id.
+std::vector<std::string> NearestCodes(const EvaluatedQuery& query, const std::string& id);
+
 // The codes of the query's packages, and of members of packs that are not in use, that each pattern
 // matches, in this order and each once. An id without * and ?, one that is a code as it stands, and
 // a pattern that matches nothing stay as they are.

@@ -58,7 +58,7 @@ std::vector<Explanation> ExplainAll(const ExplainOptions& options, const Evaluat
 // One id has a document of its own.
 bool IsForOne(const PackageIds& ids) {
   if (ids.exact) return ids.asked.empty();
-  return ids.asked.size() == 1 && ids.asked.front().find_first_of("*?") == std::string::npos;
+  return ids.asked.size() == 1 && !IsPattern(ids.asked.front());
 }
 
 bool PrintExplanations(const ExplainOptions& options,

@@ -10,8 +10,6 @@ namespace Vornik::Cli {
 
 namespace {
 
-bool IsPattern(const std::string& id) { return id.find_first_of("*?") != std::string::npos; }
-
 // Keeps the first of equal texts.
 class DistinctTexts {
  public:
@@ -50,6 +48,8 @@ bool AddMatches(const std::string& id, const DistinctTexts& codes, DistinctTexts
 }
 
 }  // namespace
+
+bool IsPattern(const std::string& id) { return id.find_first_of("*?") != std::string::npos; }
 
 bool MatchesPattern(std::string_view pattern, std::string_view text) {
   std::size_t p = 0;

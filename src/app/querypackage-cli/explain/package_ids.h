@@ -10,6 +10,9 @@
 
 namespace Vornik::Cli {
 
+// Whether the id has a * or a ?.
+bool IsPattern(const std::string& id);
+
 // * stands for any text, ? for one character, which is a byte. Case counts.
 //
 //   "orx_*", "orx_a"  =>  true

@@ -1,6 +1,7 @@
 // What an inspection finds beside the reading.
 #include "inspection/descriptor_inspection.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>

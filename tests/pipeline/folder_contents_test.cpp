@@ -1,4 +1,6 @@
 // A query of what was read of its folder before.
+#include <gmock/gmock.h>
+
 #include <boost/filesystem/exception.hpp>
 #include <boost/system/system_error.hpp>
 #include <exception>

@@ -20,10 +20,9 @@ std::string Join(const std::string& folder, const std::string& name, char separa
   return path(joined).string();
 }
 
+// Windows itself takes either separator.
 path PathOf(std::string text, char separator) {
-  if (separator != preferredSeparator) {
-    std::replace(text.begin(), text.end(), separator, preferredSeparator);
-  }
+  if (preferredSeparator == '/') std::replace(text.begin(), text.end(), separator, '/');
   return path(text);
 }
 

@@ -270,7 +270,7 @@ SupXmlProperty CimXmlDocument::TakeShared(std::size_t property, std::size_t inst
   std::optional<SupXmlProperty>& read = shared_[property];
   if (!read) read = ReadProperty(*collected_->properties[property].element);
   if (collected_->properties[property].innermost != instance) return *read;
-  SupXmlProperty last = *std::move(read);
+  SupXmlProperty last = std::move(*read);
   read.reset();
   return last;
 }

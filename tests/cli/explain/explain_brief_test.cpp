@@ -1,4 +1,4 @@
-// The short answer of explain, several ids at once, and the exit status that tells the answer.
+// The short answer of explain, several ids at once, and the exit status of each answer.
 #include "explain/explain_fixture.h"
 #include "explain/package_ids.h"
 #include "project_file.h"

@@ -323,7 +323,7 @@ TEST_F(ExplainFiltersTest, DuplicatesNameTheFilesThatWereDropped) {
   EXPECT_EQ(filter["status"], 1);
   EXPECT_EQ(filter["reason"], "first");
   EXPECT_EQ(filter["text"],
-            PathOf("p.xml") + ":" + line + " stands first and stayed; 2 repeats were dropped.");
+            PathOf("p.xml") + ":" + line + " is the first and was kept; 2 repeats were dropped.");
   EXPECT_EQ(filter["log"],
             Json::array({"a is filtered in FilterDuplicate", "a is filtered in FilterDuplicate"}));
   const Json repeats = {

@@ -100,7 +100,7 @@ void AddPackageIds(CLI::App& command, PackageIds& ids) {
   command
       .add_option(
           "ID", [](const CLI::results_t&) { return true; },
-          "Identification codes of packages; * stands for any text in one,\n? for one character")
+          "Identification codes of packages; * matches any text,\n? one character")
       ->each([&ids](const std::string& id) { ids.asked.push_back(id); })
       ->expected(0, CLI::detail::expected_max_vector_size)
       ->allow_extra_args()

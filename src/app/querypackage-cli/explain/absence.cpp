@@ -202,7 +202,7 @@ class Reasons {
     }
   }
 
-  // The code that was asked for, where a later one in the same descriptor takes its place.
+  // The requested code, if a later one in the same descriptor overrides it.
   const std::string* LostCodeIn(const SupXmlProperties& properties) const {
     if (EqualByGlobalLocaleFold(CodeOf(properties), code_)) return nullptr;
     for (const SupXmlProperty& property : properties) {

@@ -133,7 +133,7 @@ class Explainer {
     explanation_.packages.push_back(std::move(package));
   }
 
-  // What decided: a property, in the file where it stands.
+  // The property that decided, with its file and line.
   FilePlace PlaceOf(const FilterExplanation& filter, const PackageContext& package,
                     const SupersedeChain& chain) {
     if (!filter.runs || filter.status == FilterStatus::Matched) return {};

@@ -169,7 +169,7 @@ FilterExplanation ExplainDuplicate(const PackageContext& package) {
   }
   return SetReason(
       explanation, "first",
-      fmt::format("{} stands first and stayed; {} dropped.", PlaceOf(kept, package),
+      fmt::format("{} is the first and was kept; {} dropped.", PlaceOf(kept, package),
                   Count(dropped.size(), "repeat") + (dropped.size() == 1 ? " was" : " were")));
 }
 

@@ -13,7 +13,7 @@ namespace Vornik::Cli {
 // Whether the id has a * or a ?.
 bool IsPattern(const std::string& id);
 
-// * stands for any text, ? for one character, which is a byte. Case counts.
+// * matches any text, ? one byte. Case matters.
 //
 //   "orx_*", "orx_a"  =>  true
 bool MatchesPattern(std::string_view pattern, std::string_view text);

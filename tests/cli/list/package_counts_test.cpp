@@ -12,7 +12,7 @@ namespace {
 
 class PackageCountsTest : public RandomFolderTest {
  protected:
-  Cli::QuerySettings SettingsFor(const Cli::FolderMachine& machine) const {
+  Cli::QuerySettings SettingsFor(const Cli::Machine& machine) const {
     Cli::QuerySettings settings;
     settings.folder = folder.Path();
     settings.machineType = machine.machineType;
@@ -77,12 +77,11 @@ TEST_F(PackageCountsTest, NoOtherMachineHasAPackage) {
     for (const char* type : {"1234", "5678"}) {
       for (std::uint32_t os = 1; os != 13; ++os) {
         for (std::uint32_t arc = 1; arc != 11; ++arc) {
-          const Cli::FolderMachine machine{type, static_cast<OsValue>(os),
-                                           static_cast<ArcValue>(arc)};
+          const Cli::Machine machine{type, static_cast<OsValue>(os), static_cast<ArcValue>(arc)};
           if (PackagesOf(model, SettingsFor(machine)) == 0) continue;
           ASSERT_TRUE(std::any_of(list.machines.begin(), list.machines.end(),
                                   [&](const Cli::ListedMachine& listed) {
-                                    const Cli::FolderMachine& known = listed.machine;
+                                    const Cli::Machine& known = listed.machine;
                                     return known.machineType == type &&
                                            (known.osValue == machine.osValue || !known.osIsNamed) &&
                                            (known.arcValue == machine.arcValue ||

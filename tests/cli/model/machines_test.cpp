@@ -16,7 +16,7 @@ void Add(const Descriptor& descriptor, Repository& repository) {
   repository.Add(PackageXmlEntry{"x.xml", descriptor.Properties()});
 }
 
-std::string TextOf(const Cli::FolderMachine& machine) {
+std::string TextOf(const Cli::Machine& machine) {
   const auto code = [](auto value, bool isNamed) {
     return (isNamed ? "" : "other ") + std::to_string(static_cast<std::uint32_t>(value));
   };
@@ -26,7 +26,7 @@ std::string TextOf(const Cli::FolderMachine& machine) {
 
 std::vector<std::string> MachinesOf(const Repository& repository) {
   std::vector<std::string> texts;
-  for (const Cli::FolderMachine& machine : Cli::MachinesOf(repository).machines) {
+  for (const Cli::Machine& machine : Cli::NamedMachines(repository).All().machines) {
     texts.push_back(TextOf(machine));
   }
   return texts;
@@ -77,7 +77,7 @@ TEST(MachinesTest, InvalidMachineTypesAreApart) {
   Add(Descriptor("a").For("12a4", "10", "9"), repository);
   Add(Descriptor("b").For("12a4", "10", "9"), repository);
   Add(Descriptor("c").For("", "0", "9"), repository);
-  const Cli::FolderMachines folder = Cli::MachinesOf(repository);
+  const Cli::FolderMachines folder = Cli::NamedMachines(repository).All();
   EXPECT_THAT(folder.machines, IsEmpty());
   ASSERT_EQ(folder.invalid.size(), 2U);
   EXPECT_EQ(folder.invalid[1].machineType, "12a4");
@@ -91,6 +91,46 @@ TEST(MachinesTest, FirstMembersAndPackagesWithoutACodeNameNone) {
                                {{"p.xml", Descriptor("p").For("1234", "11", "9").Properties()},
                                 {"m.xml", Descriptor("m").For("1234", "12", "9").Properties()}}});
   EXPECT_THAT(MachinesOf(repository), ElementsAre("1234/12/9"));
+}
+
+// One package's machines, near a preferred one.
+std::vector<std::string> MatchedBy(const Repository& repository, const Descriptor& package,
+                                   const Cli::Machine& preferred = {}) {
+  std::vector<std::string> texts;
+  for (const Cli::Machine& machine :
+       Cli::NamedMachines(repository).MatchedBy(package.Properties(), preferred).machines) {
+    texts.push_back(TextOf(machine));
+  }
+  return texts;
+}
+
+TEST(MachinesTest, PackageHasThoseOfTheFolderThatItsListsMatch) {
+  const Descriptor any = Descriptor("any").For("1234", "0", "9");
+  const Descriptor one = Descriptor("one").For("1234", "10", "9");
+  Repository repository;
+  for (const Descriptor& descriptor :
+       {any, one, Descriptor("b").For("1234", "11", "5"), Descriptor("c").For("5678", "12", "9")}) {
+    Add(descriptor, repository);
+  }
+  EXPECT_THAT(MatchedBy(repository, one), ElementsAre("1234/10/9"));
+  EXPECT_THAT(MatchedBy(repository, any), ElementsAre("1234/10/9", "1234/11/9", "1234/other 1/9"));
+}
+
+TEST(MachinesTest, InvalidMachineTypesMatchNone) {
+  const Descriptor package = Descriptor("a").For("12a4", "10", "9");
+  Repository repository;
+  Add(package, repository);
+  EXPECT_THAT(MatchedBy(repository, package), IsEmpty());
+}
+
+TEST(MachinesTest, UnnamedValueIsThePreferredOneUnlessItIsNamed) {
+  const Descriptor package = Descriptor("a").For("1234", "0", "0");
+  Repository repository;
+  Add(package, repository);
+  Add(Descriptor("b").For("1234", "10", "9"), repository);
+  EXPECT_THAT(
+      MatchedBy(repository, package, {"5678", OsValue{10}, ArcValue{7}}),
+      ElementsAre("1234/10/9", "1234/10/other 7", "1234/other 1/9", "1234/other 1/other 7"));
 }
 
 TEST(MachinesTest, NoMoreThanTheLimitAreCollected) {
@@ -107,7 +147,7 @@ TEST(MachinesTest, NoMoreThanTheLimitAreCollected) {
           .Set("orderedOSArchitectureList", codes),
       repository);
   Add(Descriptor("b").For("1234", "0", "0"), repository);
-  const Cli::FolderMachines folder = Cli::MachinesOf(repository);
+  const Cli::FolderMachines folder = Cli::NamedMachines(repository).All();
   EXPECT_FALSE(folder.isComplete);
   EXPECT_EQ(folder.machines.size(), Cli::maxMachines);
 }

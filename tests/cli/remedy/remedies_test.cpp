@@ -61,6 +61,21 @@ TEST_F(RemediesTest, NearestOfSeveralPlatforms) {
   EXPECT_THAT(Found("a"), ElementsAre(Texts{"--os 13 instead of 10"}));
 }
 
+TEST_F(RemediesTest, SystemThatTheFolderDoesNotNameIsTried) {
+  WritePack({Member("a").For("1234", "0", "9"),
+             Member("b").For("1234", "10", "9").Set("supersede", {"a"})});
+  EXPECT_THAT(Found("a"),
+              ElementsAre(Texts{"add --no-supersede-filter"}, Texts{"--os 1 instead of 10"}));
+}
+
+TEST_F(RemediesTest, UnnamedValueIsThatOfTheQuery) {
+  folder.Write("member.txt", "x");
+  folder.Write("payload.exe", "x");
+  folder.Write("p.xml", Pack({PackItself("p.xml").Set("applicableMachineTypes", {"1234", "5678"}),
+                              Member("a").For("5678", "0", "0")}));
+  EXPECT_THAT(Found("a"), ElementsAre(Texts{"--machine-type 5678 instead of 1234"}));
+}
+
 TEST_F(RemediesTest, SwitchOfEachFilter) {
   WritePackage("alone");
   EXPECT_THAT(Found("alone"), ElementsAre(Texts{"add --no-kovu-filter"}));

@@ -93,9 +93,8 @@ FolderList ListFolder(const std::string& path) {
     if (file.reading.fault != DescriptorFault::None) list.notRead.push_back(file.name);
   }
   std::sort(list.notRead.begin(), list.notRead.end());
-  FolderMachines machines = MachinesOf(folder.repository);
-  for (FolderMachine& machine : machines.machines)
-    list.machines.push_back({std::move(machine), 0, {}});
+  FolderMachines machines = NamedMachines(folder.repository).All();
+  for (Machine& machine : machines.machines) list.machines.push_back({std::move(machine), 0, {}});
   list.hasAllMachines = machines.isComplete;
   list.invalidMachines = std::move(machines.invalid);
   CountPackages(folder.repository, list.machines);

@@ -14,7 +14,7 @@
 namespace Vornik::Cli {
 
 struct ListedMachine {
-  FolderMachine machine;
+  Machine machine;
   std::size_t packages = 0;  // that a query of the machine returns and whose platform matches
   std::optional<std::size_t> pack;  // the index of the pack in use
 };

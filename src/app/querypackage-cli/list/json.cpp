@@ -9,7 +9,7 @@ namespace {
 constexpr int schemaVersion = 1;
 
 Json MachineObject(const FolderList& list, const ListedMachine& listed) {
-  const FolderMachine& machine = listed.machine;
+  const Machine& machine = listed.machine;
   return {{"machineType", machine.machineType},
           {"osValue", static_cast<std::uint32_t>(machine.osValue)},
           {"osIsNamed", machine.osIsNamed},

@@ -41,7 +41,7 @@ class PackageCounter {
     }
   }
 
-  std::optional<std::size_t> PackFor(const FolderMachine& machine) {
+  std::optional<std::size_t> PackFor(const Machine& machine) {
     std::vector<std::size_t> indices;
     std::vector<const SupXmlProperties*> applying;
     for (const std::size_t index : packsFor_[machine.machineType]) {

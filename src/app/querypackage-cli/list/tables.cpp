@@ -28,7 +28,7 @@ ListTable MachineTable(const FolderList& list) {
                   {"machineType", "osValue", "arcValue", "packages", "pack"},
                   {}};
   for (const ListedMachine& listed : list.machines) {
-    const FolderMachine& machine = listed.machine;
+    const Machine& machine = listed.machine;
     table.rows.push_back({machine.machineType, CodeText(machine.osValue, machine.osIsNamed),
                           CodeText(machine.arcValue, machine.arcIsNamed),
                           std::to_string(listed.packages),

@@ -101,7 +101,7 @@ std::string ClosingLine(const FolderList& list) {
 // With the values of the first machine, which every query needs.
 std::string QueryLine(const FolderList& list) {
   if (list.machines.empty()) return "";
-  const FolderMachine& machine = list.machines.front().machine;
+  const Machine& machine = list.machines.front().machine;
   return fmt::format(
       "To query the first machine: querypackage-cli query FOLDER --machine-type {} --os {} --arch "
       "{}\n",

@@ -1,13 +1,8 @@
 #include "model/machines.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <iterator>
-#include <map>
-#include <set>
-#include <tuple>
-#include <utility>
 
 #include "model/literals.h"
 #include "model/query_parameters.h"
@@ -24,15 +19,6 @@ struct Axis {
   bool isNamed;
 };
 
-// What the folder names for one machine type.
-struct NamedCodes {
-  Platforms entries;
-  std::set<OsValue> systems;  // without 0, as the next one
-  std::set<ArcValue> architectures;
-};
-
-using CodesByType = std::map<std::string, NamedCodes>;
-
 template <typename Code>
 void AddNamed(Code code, std::set<Code>& named) {
   if (code != Code::NotSet) named.insert(code);
@@ -45,58 +31,15 @@ Code SmallestUnnamed(const std::set<Code>& named) {
   return static_cast<Code>(code);
 }
 
-// The named codes, and one that is not named.
+// The named codes, and one that is not named. preferred: NotSet for none.
 template <typename Code>
-std::vector<Axis<Code>> AxisOf(const std::set<Code>& named) {
+std::vector<Axis<Code>> AxisOf(const std::set<Code>& named, Code preferred) {
   std::vector<Axis<Code>> axis;
   axis.reserve(named.size() + 1);
   for (const Code code : named) axis.push_back({code, true});
-  axis.push_back({SmallestUnnamed(named), false});
+  const bool usesPreferred = preferred != Code::NotSet && named.count(preferred) == 0;
+  axis.push_back({usesPreferred ? preferred : SmallestUnnamed(named), false});
   return axis;
-}
-
-void AddEntries(const SupXmlProperties& properties, CodesByType& types,
-                std::set<std::tuple<std::string, OsValue, ArcValue>>& invalid) {
-  for (const PlatformEntry& entry : ReadPlatformEntries(properties)) {
-    if (!IsMachineType(entry.machineType)) {
-      invalid.emplace(entry.machineType, entry.osValue, entry.arcValue);
-      continue;
-    }
-    NamedCodes& codes = types[entry.machineType];
-    codes.entries.emplace(entry.osValue, entry.arcValue);
-    AddNamed(entry.osValue, codes.systems);
-    AddNamed(entry.arcValue, codes.architectures);
-  }
-}
-
-void AddSystemsOfPacks(const Repository& repository, CodesByType& types) {
-  for (const KovuPackEntry& pack : repository.kovuPackEntries()) {
-    const SupXmlProperties& own = PackLevelProperties(pack);
-    const auto systems = GetPropertyValues(PropertyName::applicableOperatingSystems, own);
-    for (const std::string& type : ParseApplicableMachineTypes(
-             GetPropertyValues(PropertyName::applicableMachineTypes, own))) {
-      const auto known = types.find(type);
-      if (known == types.end()) continue;
-      for (const std::string& system : systems) {
-        AddNamed(static_cast<OsValue>(ParseDecimal(system)), known->second.systems);
-      }
-    }
-  }
-}
-
-// Whether all of them could be added.
-bool AddMachines(const std::string& type, const NamedCodes& codes,
-                 std::vector<FolderMachine>& machines) {
-  const auto architectures = AxisOf(codes.architectures);
-  for (const Axis<OsValue>& system : AxisOf(codes.systems)) {
-    for (const Axis<ArcValue>& architecture : architectures) {
-      if (!Match(codes.entries, system.value, architecture.value)) continue;
-      if (machines.size() == maxMachines) return false;
-      machines.push_back(
-          {type, system.value, architecture.value, system.isNamed, architecture.isNamed});
-    }
-  }
-  return true;
 }
 
 }  // namespace
@@ -124,22 +67,77 @@ std::vector<std::string> CodesOf(const Repository& repository) {
   return {std::make_move_iterator(codes.begin()), std::make_move_iterator(codes.end())};
 }
 
-FolderMachines MachinesOf(const Repository& repository) {
-  CodesByType types;
-  std::set<std::tuple<std::string, OsValue, ArcValue>> invalid;
-  for (const std::string& code : CodesOf(repository)) {
-    AddEntries(*repository.Find(code), types, invalid);
-  }
-  AddSystemsOfPacks(repository, types);
+NamedMachines::NamedMachines(const Repository& repository) {
+  for (const std::string& code : CodesOf(repository)) AddEntries(*repository.Find(code));
+  for (const KovuPackEntry& pack : repository.kovuPackEntries()) AddSystemsOf(pack);
+}
 
+FolderMachines NamedMachines::All() const {
   FolderMachines folder;
-  for (const auto& [machineType, osValue, arcValue] : invalid) {
+  for (const auto& [machineType, osValue, arcValue] : invalid_) {
     folder.invalid.push_back({machineType, osValue, arcValue});
   }
-  folder.isComplete = std::all_of(types.begin(), types.end(), [&folder](const auto& type) {
-    return AddMachines(type.first, type.second, folder.machines);
+  folder.isComplete = std::all_of(types_.begin(), types_.end(), [&](const auto& type) {
+    return AddMachines(type.first, type.second.entries, {}, folder.machines);
   });
   return folder;
+}
+
+FolderMachines NamedMachines::MatchedBy(const SupXmlProperties& package,
+                                        const Machine& preferred) const {
+  std::map<std::string, Platforms> types;
+  for (const PlatformEntry& entry : ReadPlatformEntries(package)) {
+    if (IsMachineType(entry.machineType)) {
+      types[entry.machineType].emplace(entry.osValue, entry.arcValue);
+    }
+  }
+  FolderMachines matched;
+  matched.isComplete = std::all_of(types.begin(), types.end(), [&](const auto& type) {
+    return AddMachines(type.first, type.second, preferred, matched.machines);
+  });
+  return matched;
+}
+
+void NamedMachines::AddEntries(const SupXmlProperties& package) {
+  for (const PlatformEntry& entry : ReadPlatformEntries(package)) {
+    if (!IsMachineType(entry.machineType)) {
+      invalid_.emplace(entry.machineType, entry.osValue, entry.arcValue);
+      continue;
+    }
+    Codes& codes = types_[entry.machineType];
+    codes.entries.emplace(entry.osValue, entry.arcValue);
+    AddNamed(entry.osValue, codes.systems);
+    AddNamed(entry.arcValue, codes.architectures);
+  }
+}
+
+void NamedMachines::AddSystemsOf(const KovuPackEntry& pack) {
+  const SupXmlProperties& own = PackLevelProperties(pack);
+  const auto systems = GetPropertyValues(PropertyName::applicableOperatingSystems, own);
+  for (const std::string& type :
+       ParseApplicableMachineTypes(GetPropertyValues(PropertyName::applicableMachineTypes, own))) {
+    const auto known = types_.find(type);
+    if (known == types_.end()) continue;
+    for (const std::string& system : systems) {
+      AddNamed(static_cast<OsValue>(ParseDecimal(system)), known->second.systems);
+    }
+  }
+}
+
+bool NamedMachines::AddMachines(const std::string& type, const Platforms& entries,
+                                const Machine& preferred, std::vector<Machine>& machines) const {
+  const auto known = types_.find(type);
+  if (known == types_.end()) return true;
+  const auto architectures = AxisOf(known->second.architectures, preferred.arcValue);
+  for (const Axis<OsValue>& system : AxisOf(known->second.systems, preferred.osValue)) {
+    for (const Axis<ArcValue>& architecture : architectures) {
+      if (!Match(entries, system.value, architecture.value)) continue;
+      if (machines.size() == maxMachines) return false;
+      machines.push_back(
+          {type, system.value, architecture.value, system.isNamed, architecture.isNamed});
+    }
+  }
+  return true;
 }
 
 }  // namespace Vornik::Cli

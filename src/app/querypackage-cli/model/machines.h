@@ -7,8 +7,11 @@
 #ifndef VORNIK_CLI_MODEL_MACHINES_H
 #define VORNIK_CLI_MODEL_MACHINES_H
 
+#include <cstddef>
+#include <map>
 #include <set>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -24,14 +27,14 @@ using Platforms = std::set<std::pair<OsValue, ArcValue>>;
 // Whether one of the entries matches a system and an architecture other than 0.
 bool Match(const Platforms& platforms, OsValue osValue, ArcValue arcValue);
 
-// Each value can be given to a query.
-struct FolderMachine {
+// A machine that a query can be about.
+struct Machine {
   std::string machineType;
   OsValue osValue = OsValue::NotSet;
   ArcValue arcValue = ArcValue::NotSet;
 
-  // Whether the folder names the value for the machine type; if not, it is the smallest number that
-  // the folder does not name, for all of them.
+  // Of a machine of a folder, whether the folder names the value for the machine type; if not, it
+  // represents all that the folder does not name.
   bool osIsNamed = true;
   bool arcIsNamed = true;
 };
@@ -40,13 +43,40 @@ struct FolderMachine {
 inline constexpr std::size_t maxMachines = 10'000;
 
 struct FolderMachines {
-  std::vector<FolderMachine> machines;  // by machine type, system, architecture; unnamed ones last
-  std::vector<PlatformEntry> invalid;   // entries whose machine type no query can have, each once
-  bool isComplete = true;               // false: there are more than maxMachines
+  std::vector<Machine> machines;       // by machine type, system, architecture; unnamed ones last
+  std::vector<PlatformEntry> invalid;  // entries whose machine type no query can have, each once
+  bool isComplete = true;              // false: there are more than maxMachines
 };
 
-// Of the packages that a query can return and whose properties it finds by their codes.
-FolderMachines MachinesOf(const Repository& repository);
+// What the packages and packs of a folder name for each machine type. Packages are those that a
+// query can return and whose properties it finds by their codes.
+class NamedMachines {
+ public:
+  explicit NamedMachines(const Repository& repository);
+
+  // An unnamed value is the smallest number.
+  FolderMachines All() const;
+
+  // Those that the platform filter matches to a package of the folder; invalid stays empty. A value
+  // of preferred that the folder does not name for a machine type is the unnamed one.
+  FolderMachines MatchedBy(const SupXmlProperties& package, const Machine& preferred) const;
+
+ private:
+  struct Codes {
+    Platforms entries;
+    std::set<OsValue> systems;  // without 0, as the next one
+    std::set<ArcValue> architectures;
+  };
+
+  void AddEntries(const SupXmlProperties& package);
+  void AddSystemsOf(const KovuPackEntry& pack);
+  // Whether all of them could be added.
+  bool AddMachines(const std::string& type, const Platforms& entries, const Machine& preferred,
+                   std::vector<Machine>& machines) const;
+
+  std::map<std::string, Codes> types_;
+  std::set<std::tuple<std::string, OsValue, ArcValue>> invalid_;
+};
 
 // The identification code; empty: it has none.
 std::string CodeOf(const PackageXmlEntry& entry);

@@ -122,6 +122,11 @@ PayloadVerdict QueryModel::PayloadOf(const PropertySource& source) {
   return payloads_.emplace(source.entry, verdict).first->second;
 }
 
+const NamedMachines& QueryModel::Named() {
+  if (!named_) named_.emplace(Packages());
+  return *named_;
+}
+
 std::uint32_t PlatformStatus(const QuerySettings& settings, const PropertySource& source) {
   if (source.entry == nullptr) return FilterStatus::NotEvaluated;
   switch (EvaluatePlatform(source.entry->properties, settings.osValue, settings.arcValue,

@@ -18,6 +18,7 @@
 #include "filters/payload_exist.h"
 #include "filters/supersede/supersede.h"
 #include "model/folder_reading.h"
+#include "model/machines.h"
 #include "model/query_settings.h"
 #include "model/repository.h"
 #include "records/pack_selection.h"
@@ -72,6 +73,9 @@ class QueryModel {
 
   PayloadVerdict PayloadOf(const PropertySource& source);
 
+  // Which machines the folder names.
+  const NamedMachines& Named();
+
  private:
   static void BuildOne(const PropertySource& source, Evaluation& query);
 
@@ -81,6 +85,7 @@ class QueryModel {
   // Answers that do not depend on the settings, or not on all of them.
   std::unordered_map<const PackageXmlEntry*, PayloadVerdict> payloads_;
   std::map<std::pair<std::string, OsValue>, std::vector<PackResult>> packs_;
+  std::optional<NamedMachines> named_;
 };
 
 // One record, for the filters that look at it alone.

@@ -131,7 +131,7 @@ class Search {
   void Run() {
     FindOrigins();
     ownChanges_ = OwnChanges(model_, settings_, code_, source_);
-    machines_ = MatchingMachines(source_.entry->properties, model_.Packages(), settings_);
+    machines_ = MatchingMachines(source_.entry->properties, model_.Named(), settings_);
     for (std::size_t size = 0; size <= maxInterdependent + maxDistance; ++size) {
       for (std::size_t distance = 0; distance <= std::min(size, maxDistance); ++distance) {
         TryMachines(distance, size - distance);

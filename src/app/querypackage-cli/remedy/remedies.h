@@ -1,9 +1,8 @@
 // The queries that differ from a given one in the fewest settings and that a package passes.
 //
 // A setting is the machine type, the operating system, the architecture, one of the four switches
-// or one of the three lists as a whole. New values are those of the repository: the entries of the
-// descriptors' ordered lists and of the packs' system lists, the package's own code and type, and
-// the codes of the packages that it is ranked with.
+// or one of the three lists as a whole. New values are those of the repository: the machines of the
+// folder, the package's own code and type, and the codes of the packages that it is ranked with.
 #ifndef VORNIK_CLI_REMEDY_REMEDIES_H
 #define VORNIK_CLI_REMEDY_REMEDIES_H
 

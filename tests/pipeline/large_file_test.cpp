@@ -7,7 +7,9 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <boost/filesystem/operations.hpp>
 #include <cstdint>
+#include <fstream>
 
 namespace Vornik::Testing {
 namespace {
@@ -53,6 +55,19 @@ TEST_F(LargeFileTest, LeavesTheSoundPackagesInTheResults) {
                                     "small_image.xml is not a valid ORX xml"}),
               testing::ExitedWithCode(sound), "");
 }
+
+#if defined(__linux__)
+// Its size is 0, and it goes on for as long as anybody reads it.
+TEST_F(LargeFileTest, AFileWithoutAnEndIsReadNoFurtherThanTheLimit) {
+  const char* const endless = "/proc/self/pagemap";
+  if (!std::ifstream(endless).is_open()) GTEST_SKIP() << endless << " cannot be read";
+  WriteIndividual("a_sound.xml");
+  WriteIndividual("z_sound.xml");
+  boost::filesystem::create_symlink(endless, PathOf("endless.xml"));
+  EXPECT_EXIT(QueryWithinAGibibyte({"endless.xml is not a valid ORX xml"}),
+              testing::ExitedWithCode(sound), "");
+}
+#endif
 
 }  // namespace
 }  // namespace Vornik::Testing

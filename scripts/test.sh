@@ -18,10 +18,11 @@
 #   windows-clang  a second compiler reads src as for Windows
 #   tidy           clang-tidy
 #   analyze        cppcheck, and GCC's analyzer
+#   mutation       the tests notice small changes of the lines that the last commit changed
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-all=(format shell release headers asan tsan coverage windows windows-clang tidy analyze)
+all=(format shell release headers asan tsan coverage windows windows-clang tidy analyze mutation)
 CTEST_PARALLEL_LEVEL=${CTEST_PARALLEL_LEVEL:-$(nproc)}
 export CTEST_PARALLEL_LEVEL
 
@@ -85,6 +86,15 @@ run_step() {
     analyze)
       scripts/setup.sh check
       scripts/analyze.sh
+      ;;
+    mutation)
+      scripts/setup.sh test
+      if ! git rev-parse --quiet --verify HEAD~1 >/dev/null; then
+        echo "there is no commit before this one"
+        return
+      fi
+      scripts/mutate.sh --changed-since HEAD~1 --minutes 2
+      scripts/mutate.sh --application --changed-since HEAD~1 --minutes 2
       ;;
   esac
 }

@@ -9,12 +9,15 @@ import subprocess
 import time
 
 from build import Builder, build_tests, copy_sources
-from mutants import (MODULE, SURVIVED, UNDECIDED, Explanations, Results, files_named, mutants_of,
-                     source_files)
+from mutants import (APPLICATION, LIBRARY, SURVIVED, UNDECIDED, Explanations, Results, files_named,
+                     mutants_of, source_files)
 from trial import Tests, outcome_of
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-WORK = ROOT / "build" / "mutate"
+
+
+def work_of(area):
+    return ROOT / "build" / "mutate" / area.folder.name
 
 
 def options_of_call():
@@ -27,16 +30,19 @@ def options_of_call():
     mode.add_argument("--again", action="store_true", help="try what survived once more")
     parser.add_argument("--quick", action="store_true", help="leave the slow tests for later")
     parser.add_argument("--changed-since", metavar="REV", help="only changes of lines that differ")
+    parser.add_argument("--application", action="store_true",
+                        help="change explain, lint and the remedies in place of the library")
+    parser.add_argument("--sample", type=int, metavar="N", help="only N of the changes")
     parser.add_argument("--minutes", type=float, metavar="N",
                         help="begin no further trial after that time, without the build")
     parser.add_argument("files", nargs="*", metavar="FILE")
     return parser.parse_args()
 
 
-def changed_lines(rev):
-    """The numbers of the lines that differ from that revision, by path in the module."""
+def changed_lines(rev, area):
+    """The numbers of the lines that differ from that revision, by path in the area's folder."""
     diff = subprocess.run(["git", "diff", "-U0", "--no-renames", "--relative", rev, "--", "."],
-                          cwd=ROOT / MODULE, check=True, stdout=subprocess.PIPE, text=True).stdout
+                          cwd=ROOT / area.folder, check=True, stdout=subprocess.PIPE, text=True).stdout
     lines = collections.defaultdict(set)
     file = None
     for line in diff.splitlines():
@@ -49,7 +55,7 @@ def changed_lines(rev):
     return lines
 
 
-def try_changes(mutants, results, equivalents, options):
+def try_changes(area, mutants, results, equivalents, options):
     again, quick = options.again, options.quick
     open_outcomes = (set() if quick else {UNDECIDED}) | ({SURVIVED, UNDECIDED} if again else set())
     wanted = [one for one in mutants if results.get(one) is None or
@@ -57,11 +63,12 @@ def try_changes(mutants, results, equivalents, options):
     print(f"mutate: {len(wanted)} of {len(mutants)} changes to try", flush=True)
     if not wanted:
         return
-    copy_sources(ROOT, WORK / "src")
-    build_tests(WORK / "src", WORK / "build")
-    builder = Builder(WORK)
+    work = work_of(area)
+    copy_sources(ROOT, work / "src")
+    build_tests(work / "src", work / "build", area)
+    builder = Builder(work, area)
     all_rounds = (False,) if quick else (False, True)
-    tests = Tests(builder.build, all_rounds)
+    tests = Tests(builder.build, area)
     if options.minutes:  # a sample of all files
         random.Random(0).shuffle(wanted)
     begin = time.monotonic()
@@ -96,25 +103,30 @@ def report(mutants, results, equivalents):
 
 def main():
     options = options_of_call()
-    names = [file for name in options.files for file in files_named(ROOT, name)] or \
-        source_files(ROOT)
-    mutants = [mutant for name in names for mutant in mutants_of(ROOT, name)]
+    area = APPLICATION if options.application else LIBRARY
+    names = [file for name in options.files for file in files_named(ROOT, area, name)] or \
+        source_files(ROOT, area)
+    mutants = [mutant for name in names for mutant in mutants_of(ROOT, area, name)]
     equivalents = Explanations(pathlib.Path(__file__).with_name("explained.toml"))
     if options.check:
-        everything = [one for name in source_files(ROOT) for one in mutants_of(ROOT, name)]
+        everything = [one for known in (LIBRARY, APPLICATION) for name in source_files(ROOT, known)
+                      for one in mutants_of(ROOT, known, name)]
         stale = equivalents.stale(everything)
         print("".join(f"explains no change: {row}\n" for row in stale), end="")
         return 1 if stale else 0
     if options.changed_since:
-        lines = changed_lines(options.changed_since)
+        lines = changed_lines(options.changed_since, area)
         mutants = [mutant for mutant in mutants if mutant.line in lines[mutant.file]]
+    if options.sample is not None:  # the same ones each time, in the order of the files
+        chosen = random.Random(0).sample(range(len(mutants)), min(options.sample, len(mutants)))
+        mutants = [mutants[index] for index in sorted(chosen)]
     if options.list:
         print("\n".join(mutant.key for mutant in mutants))
         return 0
-    WORK.mkdir(parents=True, exist_ok=True)
-    results = Results(WORK / "results.txt")
+    work_of(area).mkdir(parents=True, exist_ok=True)
+    results = Results(work_of(area) / "results.txt")
     if not options.survivors:
-        try_changes(mutants, results, equivalents, options)
+        try_changes(area, mutants, results, equivalents, options)
     return 0 if report(mutants, results, equivalents) else 1
 
 

@@ -9,9 +9,9 @@ import shutil
 import subprocess
 import sys
 
-from mutants import MODULE
 
-PROGRAMS = ("unit_tests", "pipeline_tests")
+def name_of(program):
+    return pathlib.PurePath(program).name
 
 
 def run_quietly(command, **options):
@@ -39,36 +39,42 @@ def copy_sources(root, copy):
             path.unlink()
 
 
-def build_tests(copy, build):
-    without = [f"-DQUERYPACKAGE_BUILD_{part}=OFF" for part in ("TOOLS", "EXAMPLES", "BENCHMARKS")]
+def build_tests(copy, build, area):
+    parts = {"TOOLS": area.needs_tools, "EXAMPLES": False, "BENCHMARKS": False}
+    wanted = [f"-DQUERYPACKAGE_BUILD_{part}={'ON' if on else 'OFF'}" for part, on in parts.items()]
     run_quietly(["cmake", "-S", copy, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
                  "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g0", "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=gold",
                  "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON", "-DQUERYPACKAGE_BUILD_TESTS=ON",
-                 *without])
-    run_quietly(["cmake", "--build", build, "-j", "1", "--target", *PROGRAMS])
+                 *wanted])
+    run_quietly(["cmake", "--build", build, "--target",
+                 *map(name_of, area.programs)])
 
 
 class Builder:
     """Compiles a changed file and links the test programs with it."""
 
-    def __init__(self, work):
+    def __init__(self, work, area):
+        self._area = area
         self.build = work / "build"
         self._root = work / "src"
-        self._sources = self._root / MODULE
+        self._sources = self._root / area.folder
         self._folder = work / "mutant"
         self._includes = work / "includes"
         self._environment = {**os.environ, "CCACHE_DISABLE": "1"}
         self._calls = self._read_calls()
-        self._links = {program: self._link_of(program) for program in PROGRAMS}
+        self._links = {program: self._link_of(program) for program in area.programs}
         self._prepared = {}
 
     def _read_calls(self):
         """The compiler's calls by the sources' paths: those of the module, as paths in it, and
         those of the tests, as paths in the project, for the headers that they include."""
         entries = json.loads((self.build / "compile_commands.json").read_text())
-        targets = r"/(querypackage_(rules|core|test_support)|unit_tests|pipeline_tests)\.dir/"
+        programs = "|".join(map(name_of, self._area.programs))
+        targets = rf"/({self._area.libraries}|{programs})\.dir/"
+        # Not the sources of precompiled headers, which are in the build.
         return {self._name_of(pathlib.Path(entry["file"])): shlex.split(entry["command"])
-                for entry in entries if re.search(targets, entry["command"])}
+                for entry in entries if re.search(targets, entry["command"])
+                and pathlib.Path(entry["file"]).is_relative_to(self._root)}
 
     def _name_of(self, path):
         return str(path.relative_to(self._sources if path.is_relative_to(self._sources)
@@ -102,14 +108,14 @@ class Builder:
 
     def link(self, program, objects):
         """The program's path; None if it does not link."""
-        made = str(self._folder / program)
+        made = str(self._folder / name_of(program))
         command = [objects.get(part, part) for part in self._links[program]]
         command[command.index("-o") + 1] = made
         return made if self._call(command) else None
 
     def _link_of(self, program):
         commands = run_quietly(["ninja", "-C", self.build, "-t", "commands", "-s",
-                                f"tests/{program}"])
+                                program])
         return [part for part in shlex.split(commands.strip().splitlines()[-1])
                 if part not in (":", "&&")]
 

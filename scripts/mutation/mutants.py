@@ -9,8 +9,34 @@ import tomllib
 
 import changes
 
-MODULE = pathlib.PurePath("src/module/querypackage")
-OTHERS_TEST = {"querypackage.cpp"}  # the facade: it is tested through the shared library
+@dataclasses.dataclass(frozen=True)
+class Area:
+    """Sources that are changed, and the programs that test them."""
+
+    folder: pathlib.PurePath  # of the sources
+    parts: tuple  # of the folder, as paths in it
+    omitted: frozenset  # files, as paths in the folder
+    libraries: str  # that the sources are compiled for, as a regular expression
+    programs: tuple  # as paths in the build
+    slow_tests: str  # of the programs, as a filter of GoogleTest
+    needs_tools: bool
+
+
+# What takes long: many random inputs against the plain versions, large inputs.
+LIBRARY = Area(
+    folder=pathlib.PurePath("src/module/querypackage"), parts=("",),
+    omitted=frozenset({"querypackage.cpp"}),  # the facade: it is tested through the shared library
+    libraries="querypackage_(rules|core|test_support)", programs=("tests/unit_tests", "tests/pipeline_tests"),
+    slow_tests=":".join((
+        "*Plain*", "HostileFolderTest.*", "*LoadLimits*", "*LongText*", "TextMode.IsThat*",
+        "CimXmlLoadFile.GivesWhatTinyXmlGives", "XmlLimits.FindsAFaultExactly*",
+        "DescriptorMarkers.AreFoundAs*")),
+    needs_tools=False)
+# The reasons of explain, the remedies and the rules of lint.
+APPLICATION = Area(
+    folder=pathlib.PurePath("src/app/querypackage-cli"), parts=("explain", "lint", "remedy"),
+    omitted=frozenset(), libraries="querypackage_cli_objects", programs=("tests/cli/cli_tests",),
+    slow_tests="*Random*:*Order*:*Permut*", needs_tools=True)
 
 SURVIVED = "SURVIVED"
 UNDECIDED = "UNDECIDED"  # survived the fast tests; the slow ones have not run
@@ -19,7 +45,7 @@ UNCOMPILED = "does not compile"
 
 @dataclasses.dataclass(frozen=True)
 class Mutant:
-    file: str  # its path in the module
+    file: str  # its path in the area's folder
     checksum: str  # of the file that is changed
     line: int
     column: int
@@ -48,27 +74,28 @@ def one_line(text):
     return re.sub(r"\s+", " ", text).strip()
 
 
-def source_files(root):
-    """The rules and the stages, headers included, as paths in the module."""
-    module = root / MODULE
-    return sorted(str(path.relative_to(module)) for path in module.rglob("*")
-                  if path.suffix in (".cpp", ".h") and path.name not in OTHERS_TEST)
+def source_files(root, area):
+    """The sources, headers included, as paths in the area's folder."""
+    folder = root / area.folder
+    found = {str(path.relative_to(folder)) for part in area.parts
+             for path in (folder / part).rglob("*") if path.suffix in (".cpp", ".h")}
+    return sorted(found - area.omitted)
 
 
-def files_named(root, name):
-    """The paths in the module that end in this path."""
-    known = source_files(root)
+def files_named(root, area, name):
+    """The paths in the area's folder that end in this path."""
+    known = source_files(root, area)
     wanted = pathlib.PurePath(name).parts
     found = [file for file in known if pathlib.PurePath(file).parts[-len(wanted):] == wanted]
-    if not found and pathlib.PurePath(name).is_relative_to(MODULE):
-        found = [str(pathlib.PurePath(name).relative_to(MODULE))]
+    if not found and pathlib.PurePath(name).is_relative_to(area.folder):
+        found = [str(pathlib.PurePath(name).relative_to(area.folder))]
     if not set(found) <= set(known) or not found:
-        raise SystemExit(f"mutate: no source of {MODULE} is named {name}")
+        raise SystemExit(f"mutate: no source of {area.folder} is named {name}")
     return found
 
 
-def mutants_of(root, file):
-    text = (root / MODULE / file).read_text()
+def mutants_of(root, area, file):
+    text = (root / area.folder / file).read_text()
     checksum = hashlib.sha256(text.encode()).hexdigest()[:12]
     declarations = changes.declarations_of(changes.tokens_of(text))
     counts = collections.Counter()

@@ -9,14 +9,9 @@ import subprocess
 import sys
 import time
 
-from build import PROGRAMS
+from build import name_of
 from mutants import SURVIVED, UNCOMPILED, UNDECIDED
 
-# What takes long: many random inputs against the plain versions, large inputs.
-SLOW_TESTS = ":".join((
-    "*Plain*", "HostileFolderTest.*", "*LoadLimits*", "*LongText*", "TextMode.IsThat*",
-    "CimXmlLoadFile.GivesWhatTinyXmlGives", "XmlLimits.FindsAFaultExactly*",
-    "DescriptorMarkers.AreFoundAs*"))
 SAME_EVERY_TIME = {"CI": "1", "GTEST_SHUFFLE": "0"}  # the seeds and the order of the tests
 MEMORY = 4 << 30  # bytes of address space for a test program
 
@@ -25,26 +20,27 @@ class Tests:
     """The test programs, with bounds for changes that never end or take all memory: ten times the
     processor time that the tests take unchanged, and for what only waits ten times their time."""
 
-    def __init__(self, build, rounds):
+    def __init__(self, build, area):
+        self.programs = area.programs
+        self._slow_tests = area.slow_tests
         memory = pathlib.Path("/dev/shm")
         self._folder = (memory if os.access(memory, os.W_OK) else build) / f"mutate.{os.getpid()}"
         self._build = build
         self._bounds = {}
-        for slow in rounds:
-            for program in PROGRAMS:
-                self._measure(program, slow)
 
     def pass_with(self, path, program, slow):
+        if (program, slow) not in self._bounds:
+            self._bounds[program, slow] = self._measure(program, slow)
         return self._run(path, slow, *self._bounds[program, slow])
 
     def _measure(self, program, slow):
         before = resource.getrusage(resource.RUSAGE_CHILDREN)
         start = time.monotonic()
-        if not self._run(self._build / "tests" / program, slow, resource.RLIM_INFINITY, None):
+        if not self._run(self._build / program, slow, resource.RLIM_INFINITY, None):
             sys.exit(f"mutate: {program} fails without a change")
         after = resource.getrusage(resource.RUSAGE_CHILDREN)
         used = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
-        self._bounds[program, slow] = (10 * int(used + 1), 10 * (time.monotonic() - start) + 60)
+        return 10 * int(used + 1), 10 * (time.monotonic() - start) + 60
 
     def _run(self, path, slow, seconds, patience):
         def limit():
@@ -53,10 +49,11 @@ class Tests:
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
         self._folder.mkdir(exist_ok=True)
-        tests = SLOW_TESTS if slow else f"-{SLOW_TESTS}"
+        tests = self._slow_tests if slow else f"-{self._slow_tests}"
         process = subprocess.Popen(
             [path, "--gtest_brief=1", "--gtest_fail_fast", f"--gtest_filter={tests}"],
-            cwd=self._build, env={**os.environ, "TMPDIR": str(self._folder), **SAME_EVERY_TIME}, preexec_fn=limit,
+            cwd=self._build, preexec_fn=limit,
+            env={**os.environ, "TMPDIR": str(self._folder), **SAME_EVERY_TIME},
             start_new_session=True, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
             stderr=subprocess.DEVNULL)
         try:
@@ -77,11 +74,11 @@ def outcome_of(mutant, builder, tests, rounds):
         return UNCOMPILED
     programs = {}
     for slow in rounds:
-        for program in PROGRAMS:
+        for program in tests.programs:
             if program not in programs:
                 programs[program] = builder.link(program, objects)
             if programs[program] is None:
                 return UNCOMPILED
             if not tests.pass_with(programs[program], program, slow):
-                return f"noticed by {program}"
+                return f"noticed by {name_of(program)}"
     return SURVIVED if True in rounds else UNDECIDED

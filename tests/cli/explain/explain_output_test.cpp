@@ -53,7 +53,8 @@ TEST_F(ExplainOutputTest, KeysHaveTheirOrder) {
   EXPECT_THAT(KeysOf(chain["groups"][0]["ranking"][0]),
               ElementsAre("code", "version", "comparedAs", "file", "isThis"));
   EXPECT_THAT(KeysOf(package["wayOut"]),
-              ElementsAre("state", "code", "smallest", "searchEnded", "inTheRepository"));
+              ElementsAre("state", "code", "smallest", "searchEnded", "inTheRepository", "machines",
+                          "machinesComplete"));
   EXPECT_THAT(KeysOf(package["wayOut"]["smallest"][0]), ElementsAre("changes", "arguments"));
   EXPECT_THAT(KeysOf(package["wayOut"]["smallest"][0]["changes"][0]),
               ElementsAre("setting", "from", "to", "text"));

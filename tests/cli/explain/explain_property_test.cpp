@@ -1,10 +1,12 @@
 // Random small repositories: each explained verdict is the record's, each smallest change does what
 // it promises, and no smaller one does.
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "explain/explain.h"
 #include "random_folder.h"
+#include "remedy/offered_machines.h"
 #include "remedy/settings_change.h"
 #include "test_random.h"
 
@@ -76,6 +78,40 @@ class ExplainPropertyTest : public RandomFolderTest {
       ASSERT_NO_FATAL_FAILURE(CheckVerdicts(explanation.packages[0], record, settings));
       ASSERT_NO_FATAL_FAILURE(CheckRemedies(explanation.packages[0].remedies, record, settings));
     }
+    ASSERT_NO_FATAL_FAILURE(CheckMachines(model, settings));
+    QuerySettings loose = settings;
+    loose.kovuFilter = loose.payloadExistFilter = false;
+    loose.includePackageIds.clear();
+    ASSERT_NO_FATAL_FAILURE(CheckMachines(model, loose));
+  }
+
+  // The machines of each package are those of the folder that the library offers it to.
+  void CheckMachines(Cli::QueryModel& model, const QuerySettings& settings) {
+    std::map<std::string, std::vector<std::string>> expected;  // by code
+    for (const Cli::Machine& machine : model.Named().All().machines) {
+      QuerySettings query = settings;
+      query.machineType = machine.machineType;
+      query.osValue = machine.osValue;
+      query.arcValue = machine.arcValue;
+      for (const QueryPackageResult& record : Cli::RunLibrary(query).records) {
+        if (!Cli::IsMatchedByAll(record, query)) continue;
+        expected[record.identificationCode].push_back(TextOf(machine));
+        ++machines;
+      }
+    }
+    for (const std::string& code : codes) {
+      const Cli::OfferedMachines offered =
+          Cli::FindOfferedMachines(model, model.Named(), settings, code);
+      ASSERT_TRUE(offered.isComplete);
+      std::vector<std::string> given;
+      for (const Cli::Machine& machine : offered.machines) given.push_back(TextOf(machine));
+      ASSERT_EQ(given, expected[code]) << code;
+    }
+  }
+
+  static std::string TextOf(const Cli::Machine& machine) {
+    return machine.machineType + ' ' + std::to_string(static_cast<std::uint32_t>(machine.osValue)) +
+           ' ' + std::to_string(static_cast<std::uint32_t>(machine.arcValue));
   }
 
   void CheckVerdicts(const Cli::PackageExplanation& package, const QueryPackageResult& record,
@@ -159,6 +195,7 @@ class ExplainPropertyTest : public RandomFolderTest {
     EXPECT_GT(packages, 300U);
     EXPECT_GT(found, 150U);
     EXPECT_GT(impossible, 100U);
+    EXPECT_GT(machines, 60U);
     EXPECT_GE(reasons.size(), 36U) << testing::PrintToString(reasons);
   }
 
@@ -173,6 +210,7 @@ class ExplainPropertyTest : public RandomFolderTest {
   std::size_t packages = 0;
   std::size_t found = 0;
   std::size_t impossible = 0;
+  std::size_t machines = 0;  // that are offered a package
   bool checksPairs = false;
 };
 

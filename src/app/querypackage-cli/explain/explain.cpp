@@ -13,6 +13,7 @@
 #include "model/property_places.h"
 #include "model/record_comparison.h"
 #include "output/wording.h"
+#include "remedy/offered_machines.h"
 #include "remedy/remedies.h"
 #include "text/letter_case.h"
 
@@ -179,7 +180,7 @@ class Explainer {
       package.remedies.state = RemedyState::Unknown;
       package.remedies.searchEnded = true;
     } else {
-      package.remedies = FindRemedies(query_.model, settings_, package.remedies.code);
+      package.remedies = RemediesFor(package.remedies.code);
     }
   }
 
@@ -191,7 +192,13 @@ class Explainer {
     if (codes.empty() || explanation_.folderChanged) return;
     // Of a package in another case there is an explanation already.
     if (!explanation_.packages.empty() && codes.front() != explanation_.packageId) return;
-    explanation_.absenceRemedies = FindRemedies(query_.model, settings_, codes.front());
+    explanation_.absenceRemedies = RemediesFor(codes.front());
+  }
+
+  Remedies RemediesFor(const std::string& code) {
+    Remedies remedies = FindRemedies(query_.model, settings_, code);
+    remedies.machines = FindOfferedMachines(query_.model, query_.model.Named(), settings_, code);
+    return remedies;
   }
 
   bool HasPackage(const std::string& code) const {

@@ -11,6 +11,7 @@
 #include "QueryPackage.h"
 #include "model/answer.h"
 #include "model/filter_table.h"
+#include "model/machines.h"
 #include "model/query_settings.h"
 
 namespace Vornik::Cli {
@@ -83,6 +84,12 @@ enum class RemedyState {
   Unknown,  // not found, and the search was ended before its end
 };
 
+// The machines of the folder that a package is offered to, with the other settings of the query.
+struct OfferedMachines {
+  std::vector<Machine> machines;  // by machine type, system, architecture
+  bool isComplete = true;         // false: not all were tried
+};
+
 // Which other settings make every filter match.
 struct Remedies {
   RemedyState state = RemedyState::None;
@@ -92,6 +99,7 @@ struct Remedies {
   bool searchEnded = false;  // other queries, as small, may have been missed
   // What in the repository keeps a filter from matching, whatever the settings are.
   std::vector<std::string> inTheRepository;
+  OfferedMachines machines;  // none if the query offers the package
 };
 
 struct PackageExplanation {

@@ -103,13 +103,23 @@ Json ChangeObject(const QuerySettings& before, const QuerySettings& after) {
           {"arguments", QueryArguments(after)}};
 }
 
+Json MachineObject(const Machine& machine) {
+  return {{"machineType", machine.machineType},
+          {"osValue", static_cast<std::uint32_t>(machine.osValue)},
+          {"osIsNamed", machine.osIsNamed},
+          {"arcValue", static_cast<std::uint32_t>(machine.arcValue)},
+          {"arcIsNamed", machine.arcIsNamed}};
+}
+
 Json RemediesObject(const QuerySettings& query, const Remedies& remedies) {
   const auto change = [&query](const QuerySettings& after) { return ChangeObject(query, after); };
   return {{"state", NameOf(remedies.state)},
           {"code", remedies.code},
           {"smallest", ArrayOf(remedies.queries, change)},
           {"searchEnded", remedies.searchEnded},
-          {"inTheRepository", remedies.inTheRepository}};
+          {"inTheRepository", remedies.inTheRepository},
+          {"machines", ArrayOf(remedies.machines.machines, MachineObject)},
+          {"machinesComplete", remedies.machines.isComplete}};
 }
 
 Json PackageObject(const QuerySettings& query, const PackageExplanation& package) {

@@ -6,6 +6,7 @@
 #include "output/columns.h"
 #include "output/console_text.h"
 #include "output/wording.h"
+#include "remedy/offered_machines.h"
 #include "remedy/settings_change.h"
 
 namespace Vornik::Cli {
@@ -190,6 +191,9 @@ class Writer {
       Line(2, "In the repository: " + remedies.inTheRepository[i]);
     }
     WriteLeftOut(remedies.inTheRepository.size() - shown);
+    if (remedies.state != RemedyState::NotNeeded) {
+      Line(0, TextOf(remedies.machines, isBrief_ ? ListLength::Short : ListLength::Full));
+    }
   }
 
   // How many of several lines are printed.

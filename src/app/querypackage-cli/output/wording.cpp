@@ -12,14 +12,15 @@ namespace Vornik::Cli {
 
 namespace {
 
-constexpr std::size_t maxListed = 12;
+constexpr std::size_t maxListed = 10;
 constexpr std::size_t maxQuotedBytes = 80;
 
 template <typename Quote>
-std::string ListOf(const std::vector<std::string>& texts, Quote quote) {
+std::string ListOf(const std::vector<std::string>& texts, ListLength length, Quote quote) {
   if (texts.empty()) return "nothing";
   std::string list;
-  const std::size_t shown = std::min(texts.size(), maxListed);
+  const std::size_t shown =
+      length == ListLength::Full ? texts.size() : std::min(texts.size(), maxListed);
   for (std::size_t i = 0; i < shown; ++i) {
     if (i != 0) list += ", ";
     list += quote(texts[i]);
@@ -39,10 +40,16 @@ std::string QuotedBriefly(const std::string& text) {
   return Quoted(text.substr(0, end) + "...");
 }
 
-std::string QuotedList(const std::vector<std::string>& texts) { return ListOf(texts, Quoted); }
+std::string QuotedList(const std::vector<std::string>& texts, ListLength length) {
+  return ListOf(texts, length, Quoted);
+}
+
+std::string PlainList(const std::vector<std::string>& texts, ListLength length) {
+  return ListOf(texts, length, [](const std::string& text) { return text; });
+}
 
 std::string BriefList(const std::vector<std::string>& texts) {
-  return ListOf(texts, QuotedBriefly);
+  return ListOf(texts, ListLength::Short, QuotedBriefly);
 }
 
 std::string AsCompared(const std::string& version) {
@@ -55,7 +62,7 @@ std::string CodeText(const std::string& code) {
 }
 
 std::string CodeList(const std::vector<std::string>& codes) {
-  return ListOf(codes, [](const std::string& code) {
+  return ListOf(codes, ListLength::Short, [](const std::string& code) {
     return code.empty() ? CodeText(code) : QuotedBriefly(code);
   });
 }

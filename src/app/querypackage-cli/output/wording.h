@@ -14,10 +14,19 @@ std::string Quoted(const std::string& text);
 // The same for a text of any length: a long one is cut and followed by "...".
 std::string QuotedBriefly(const std::string& text);
 
-// "a", "b"; for a long list the first ones and the number of the others; "nothing" for none.
-std::string QuotedList(const std::vector<std::string>& texts);
+// Short: of more than ten items the first ones, and the number of the others.
+enum class ListLength { Short, Full };
 
-// The same with each text quoted briefly.
+// "a", "b"; "nothing" for none.
+std::string QuotedList(const std::vector<std::string>& texts, ListLength length);
+inline std::string QuotedList(const std::vector<std::string>& texts) {
+  return QuotedList(texts, ListLength::Short);
+}
+
+// The same without quotes.
+std::string PlainList(const std::vector<std::string>& texts, ListLength length);
+
+// A short list with each text quoted briefly.
 std::string BriefList(const std::vector<std::string>& texts);
 
 // A version with the text as which it is compared, if folding changes it.
@@ -29,8 +38,7 @@ std::string AsCompared(const std::string& version);
 // A code in quotes, or words for an empty one.
 std::string CodeText(const std::string& code);
 
-// The same for several, each quoted briefly; for a long list the first ones and the number of the
-// others.
+// The same for several, each quoted briefly, as a short list.
 std::string CodeList(const std::vector<std::string>& codes);
 
 // The last component of a path.

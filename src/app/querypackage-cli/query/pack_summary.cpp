@@ -64,17 +64,6 @@ std::vector<std::string> Texts(const Items& items) {
   return texts;
 }
 
-// The first ones, and the number of the others.
-std::string PlainList(const std::vector<std::string>& texts) {
-  constexpr std::size_t most = 12;
-  std::string list;
-  for (std::size_t i = 0; i < texts.size() && i < most; ++i) {
-    list += (i == 0 ? "" : ", ") + texts[i];
-  }
-  if (texts.size() > most) list += fmt::format(" and {} more", texts.size() - most);
-  return list;
-}
-
 }  // namespace
 
 PackSummary SummarizePacks(const FolderContents& contents, const QuerySettings& settings) {
@@ -110,14 +99,14 @@ std::string TextOf(const PackSummary& summary, const QuerySettings& settings) {
     return summary.machineTypes.empty()
                ? "No pack is used: those of the folder name no machine type."
                : fmt::format("No pack is used: those of the folder name the machine types {}.",
-                             PlainList(Texts(summary.machineTypes)));
+                             PlainList(Texts(summary.machineTypes), ListLength::Short));
   }
   if (summary.systems.empty()) {
     return fmt::format("No pack is used: those for machine type {} name no operating system.",
                        settings.machineType);
   }
   return fmt::format("No pack is used: those for machine type {} name the operating systems {}.",
-                     settings.machineType, PlainList(Texts(summary.systems)));
+                     settings.machineType, PlainList(Texts(summary.systems), ListLength::Short));
 }
 
 }  // namespace Vornik::Cli

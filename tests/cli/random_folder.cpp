@@ -30,6 +30,13 @@ Descriptor RandomPackage(RandomRepository& random) {
 
 }  // namespace
 
+Cli::QuerySettings SettingsOf(const QueryPackageImp& query) {
+  return {query.xmlPackageFolder,   query.machineType,    query.osValue,
+          query.arcValue,           query.updateTypes,    query.includePackageIds,
+          query.excludePackageIds,  query.kovuFilter,     query.sepFilter,
+          query.payloadExistFilter, query.supersedeFilter};
+}
+
 void RandomFolderTest::WriteRepository(RandomRepository& random) {
   for (const std::string& name : names_) {
     boost::filesystem::remove(boost::filesystem::path(folder.Path()) / name);
@@ -64,10 +71,8 @@ Cli::QuerySettings RandomFolderTest::ValidSettings(RandomRepository& random) con
   while (!Cli::HasValidParameters(settings)) {
     QueryPackageImp query;
     random.Configure(query);
-    settings = {
-        folder.Path(),     query.machineType,        query.osValue,           query.arcValue,
-        query.updateTypes, query.includePackageIds,  query.excludePackageIds, query.kovuFilter,
-        query.sepFilter,   query.payloadExistFilter, query.supersedeFilter};
+    query.xmlPackageFolder = folder.Path();
+    settings = SettingsOf(query);
   }
   return settings;
 }

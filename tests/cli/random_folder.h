@@ -11,6 +11,8 @@
 
 namespace Vornik::Testing {
 
+Cli::QuerySettings SettingsOf(const QueryPackageImp& query);
+
 class RandomFolderTest : public CliTest {
  protected:
   RandomFolderTest() { folder.Write("p.exe", "x"); }

@@ -9,6 +9,7 @@
 #include "captured_stdout.h"
 #include "contents_of.h"
 #include "global_locale.h"
+#include "plain_files.h"
 #include "query_fixture.h"
 #include "random_repository.h"
 #include "record_members.h"
@@ -157,8 +158,6 @@ TEST_F(PlainQueryInMemory, UnderALocaleOfTheHosts) {
 // Queries on descriptors that are written to the folder and read from it.
 class PlainQueryOnDisk : public PlainQueryTest, public testing::WithParamInterface<int> {
  protected:
-  using Kind = PlainFile::Kind;
-
   void RunMany(std::size_t usualRounds) {
     const TestRandom test;
     const std::size_t rounds = test.Rounds(usualRounds);
@@ -202,7 +201,7 @@ class PlainQueryOnDisk : public PlainQueryTest, public testing::WithParamInterfa
     for (const std::string& name : names) repository.Write(name, "bytes");
     for (const char* name : {"a.xml", "b.xml", "c.d.xml", "e.XML", "f.xml.bak", "g.xml", "h.xml"}) {
       if (random.Pick().OneIn(4)) continue;
-      const PlainFile file = RandomFile(random, name);
+      const PlainFile file = RandomPlainFile(random, name);
       repository.Write(name, TextOf(file));
       plainFolder.files.push_back(AsRead(file));
       names.push_back(name);
@@ -211,81 +210,6 @@ class PlainQueryOnDisk : public PlainQueryTest, public testing::WithParamInterfa
       return std::find(names.begin(), names.end(), name) != names.end();
     };
     return plainFolder;
-  }
-
-  static PlainFile RandomFile(RandomRepository& random, const std::string& name) {
-    RandomPick& pick = random.Pick();
-    PlainFile file{name, Kind::Individual, {}};
-    if (pick.OneIn(2)) file.kind = Kind::Pack;
-    if (pick.OneIn(12))
-      file.kind = pick.Of<Kind>({Kind::Neither, Kind::BrokenIndividual, Kind::BrokenPack,
-                                 Kind::RootlessIndividual, Kind::RootlessPack});
-    if (file.kind == Kind::Individual) {
-      file.instances = {pick.OneIn(20) ? SupXmlProperties() : random.Package()};
-    } else if (file.kind == Kind::Pack) {
-      FillPack(random, file);
-    }
-    return file;
-  }
-
-  // The pack's own instance stands anywhere, now and then not at all.
-  static void FillPack(RandomRepository& random, PlainFile& file) {
-    RandomPick& pick = random.Pick();
-    for (std::size_t left = 1 + pick.Below(3); left != 0; --left) {
-      file.instances.push_back(pick.OneIn(15) ? SupXmlProperties() : random.Package());
-    }
-    if (pick.OneIn(8)) return;
-    SupXmlProperties own = random.PackLevel();
-    if (!pick.OneIn(5)) own.push_back({"xmlFilename", "string", {file.name}});
-    const auto place = static_cast<std::ptrdiff_t>(pick.Below(file.instances.size() + 1));
-    file.instances.insert(file.instances.begin() + place, own);
-  }
-
-  static std::string TextOf(const PlainFile& file) {
-    std::vector<Descriptor> instances;
-    for (const SupXmlProperties& properties : file.instances) {
-      instances.push_back(DescriptorOf(properties));
-    }
-    switch (file.kind) {
-      case Kind::Individual:
-        return instances.at(0).Individual();
-      case Kind::Pack:
-        return Pack(instances);
-      case Kind::BrokenIndividual:
-        return "<CIM><SystemUpdateElement>";
-      case Kind::BrokenPack:
-        return "<CIM><ORXQDL_SystemUpdateProduct>";
-      case Kind::RootlessIndividual:
-        return "<!-- SystemUpdateElement -->";
-      case Kind::RootlessPack:
-        return "<!-- ORXQDL_SystemUpdateProduct -->";
-      case Kind::Neither:
-        break;
-    }
-    return "<CIM/>";
-  }
-
-  static Descriptor DescriptorOf(const SupXmlProperties& properties) {
-    Descriptor descriptor;
-    for (const SupXmlProperty& property : properties) {
-      if (property.values.size() == 1) {
-        descriptor.Set(property.name, property.values[0]);
-      } else {
-        descriptor.Set(property.name, property.values);
-      }
-    }
-    return descriptor;
-  }
-
-  // An empty value in a file is none.
-  static PlainFile AsRead(PlainFile file) {
-    for (SupXmlProperties& properties : file.instances) {
-      for (SupXmlProperty& property : properties) {
-        auto& values = property.values;
-        values.erase(std::remove(values.begin(), values.end(), ""), values.end());
-      }
-    }
-    return file;
   }
 };
 

@@ -17,21 +17,23 @@ std::string LowerCase(const std::string& text) {
 
 }  // namespace
 
+bool PlainSameName(const std::string& a, const std::string& b) {
+  return LowerCase(a) == LowerCase(b);
+}
+
 std::string PlainValue(const std::string& name, const SupXmlProperties& properties) {
-  const std::string wanted = LowerCase(name);
   std::string value;
   for (const SupXmlProperty& property : properties) {
-    if (LowerCase(property.name) != wanted) continue;
+    if (!PlainSameName(property.name, name)) continue;
     if (!property.values.empty()) value = property.values[0];
   }
   return value;
 }
 
 std::vector<std::string> PlainValues(const std::string& name, const SupXmlProperties& properties) {
-  const std::string wanted = LowerCase(name);
   std::vector<std::string> values;
   for (const SupXmlProperty& property : properties) {
-    if (LowerCase(property.name) == wanted) values = property.values;
+    if (PlainSameName(property.name, name)) values = property.values;
   }
   return values;
 }

@@ -9,6 +9,9 @@
 
 namespace Vornik::Testing {
 
+// Names of properties; the letters' case does not count.
+bool PlainSameName(const std::string& a, const std::string& b);
+
 std::string PlainValue(const std::string& name, const SupXmlProperties& properties);
 std::vector<std::string> PlainValues(const std::string& name, const SupXmlProperties& properties);
 

@@ -85,7 +85,7 @@ void Load(const PlainFile& file, QueryPackageImp& query, PlainLog& log) {
     return;
   }
   log.Progress(path + " is not Kovu xml");
-  if (file.kind == Kind::Neither) {
+  if (file.kind == Kind::Neither || file.kind == Kind::Folder) {
     log.Progress(path + " is not individual xml");
     log.Error(file.name + " is not a valid ORX xml");
     return;

@@ -16,6 +16,7 @@ struct PlainFile {
     Individual,        // with one instance
     Pack,              // with any number of them
     Neither,           // well-formed, and without a marker
+    Folder,            // of that name
     BrokenIndividual,  // the marker in a document that cannot be read
     BrokenPack,
     RootlessIndividual,  // the marker in a document that is read but has no element

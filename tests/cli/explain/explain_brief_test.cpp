@@ -86,6 +86,26 @@ TEST_F(ExplainBriefTest, PlaceOfAPropertyThatIsMissingIsThePackage) {
   EXPECT_EQ(std::to_string(place["line"].get<int>()), LineOf(text, "<INSTANCE", 1));
 }
 
+// Of "type" the last one that has a value counts, of a list the last one.
+TEST_F(ExplainBriefTest, PlaceIsThatOfThePropertyThatDecided) {
+  const std::vector<std::string> none;
+  const std::string text = Package("a")
+                               .Set("xmlFilename", "a.xml")
+                               .Set("payload", "gone.exe")
+                               .Set("type", "3")
+                               .Set("TYPE", none)
+                               .Set("orderedOSList", none)
+                               .Individual();
+  folder.Write("a.xml", text);
+  const auto line = [this](const std::string& filter) {
+    const Json place = ExplainFilter("a", filter, {"--update-type", "1"})["place"];
+    return std::to_string(place["line"].get<int>());
+  };
+  EXPECT_EQ(line("payloadExist"), LineOf(text, "gone.exe", 1));
+  EXPECT_EQ(line("updateType"), LineOf(text, "\"type\"", 2));
+  EXPECT_EQ(line("platform"), LineOf(text, "\"orderedOSList\"", 2));
+}
+
 TEST_F(ExplainBriefTest, SeveralIdsAndPatternsAreExplainedOnceEach) {
   for (const char* code : {"drv_a", "drv_b", "utl_c"}) WritePackage(code);
   const Outcome outcome = Run({"utl_c", "drv_*", "drv_a"});

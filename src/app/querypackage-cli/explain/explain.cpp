@@ -32,6 +32,7 @@ void OmitOtherReason(const QueryPackageResult& record, FilterExplanation& explan
   explanation.file.clear();
   explanation.properties.clear();
   explanation.details.clear();
+  explanation.place = {};
   SetReason(
       explanation, "folderChanged",
       "The folder changed after the query: its descriptors as they are now give another verdict.");
@@ -83,7 +84,8 @@ void AddSource(const PackageContext& package, PackageExplanation& explanation) {
         "same "
         "code is found there first, because members of all packs are looked up before individual "
         "descriptors.",
-        TextOf(PlaceIn(package.source, PropertyName::identificationCode, package.places)));
+        TextOf(PlaceIn(package.source, PropertyName::identificationCode, PropertyRead::Value,
+                       package.places)));
   }
 }
 
@@ -134,21 +136,6 @@ class Explainer {
     explanation_.packages.push_back(std::move(package));
   }
 
-  // The property that decided, with its file and line.
-  FilePlace PlaceOf(const FilterExplanation& filter, const PackageContext& package,
-                    const SupersedeChain& chain) {
-    if (!filter.runs || filter.status == FilterStatus::Matched) return {};
-    if (filter.reason == "replacedByList") {
-      return PlaceIn(query_.model.SourceOf(chain.listedBy.back().code), PropertyName::supersede,
-                     places_);
-    }
-    if (filter.filter == FilterId::Supersede) {
-      return PlaceIn(package.query.origins[package.index], PropertyName::Version, places_);
-    }
-    if (filter.file.empty() || filter.properties.empty()) return {};
-    return PlaceIn(package.source, filter.properties.front().name.c_str(), places_);
-  }
-
   void AddFilters(PackageExplanation& package) {
     const std::string& code = package.record.identificationCode;
     const Evaluation& query = query_.evaluation;
@@ -162,9 +149,6 @@ class Explainer {
       package.filters = ExplainAll(context);
       package.repeats = RepeatsOf(context);
       package.supersede = SupersedeChainOf(context);
-      for (FilterExplanation& filter : package.filters) {
-        filter.place = PlaceOf(filter, context, package.supersede);
-      }
     }
     for (FilterExplanation& filter : package.filters) {
       OmitOtherReason(package.record, filter);

@@ -26,7 +26,8 @@ std::string WithoutSlash(std::string folder) {
 }
 
 std::string PlaceOf(const PropertySource& source, const PackageContext& package) {
-  return TextOf(PlaceIn(source, PropertyName::identificationCode, package.places));
+  return TextOf(
+      PlaceIn(source, PropertyName::identificationCode, PropertyRead::Value, package.places));
 }
 
 std::string VersionOf(const PropertySource& source) {
@@ -110,11 +111,29 @@ FilterExplanation ExplainIds(FilterId filter, const PackageContext& package,
   return explanation;
 }
 
+// A file that the payload filter needs, and that no property names.
+FilterExplanation& SetUnnamed(FilterExplanation& explanation, const PackageContext& package,
+                              const char* reason, const char* property) {
+  SetReason(explanation, reason, fmt::format("\"{}\" is missing or empty.", property));
+  return SetPlace(explanation, package, property, PropertyRead::Value);
+}
+
+// One that a property names, and that is not there.
+FilterExplanation& SetNoFile(FilterExplanation& explanation, const PackageContext& package,
+                             const char* reason, const char* property) {
+  const std::string name = GetPropertyValue(property, package.source.entry->properties);
+  SetReason(explanation, reason,
+            fmt::format("{}, which \"{}\" names, is no regular file.",
+                        PathInFolder(WithoutSlash(package.settings.folder), name), property));
+  return SetPlace(explanation, package, property, PropertyRead::Value);
+}
+
 }  // namespace
 
-FilePlace PlaceIn(const PropertySource& source, const char* property, PropertyPlaces& places) {
+FilePlace PlaceIn(const PropertySource& source, const char* property, PropertyRead read,
+                  PropertyPlaces& places) {
   if (source.entry == nullptr) return {};
-  return {source.File(), places.LineOf(source.File(), source.entry->properties, property)};
+  return {source.File(), places.LineOf(source.File(), source.entry->properties, property, read)};
 }
 
 std::string TextOf(const FilePlace& place) {
@@ -133,6 +152,12 @@ FilterExplanation BeginExplanation(FilterId filter, const PackageContext& packag
 FilterExplanation& SetReason(FilterExplanation& explanation, const char* reason, std::string text) {
   explanation.reason = reason;
   explanation.text = std::move(text);
+  return explanation;
+}
+
+FilterExplanation& SetPlace(FilterExplanation& explanation, const PackageContext& package,
+                            const char* property, PropertyRead read) {
+  explanation.place = PlaceIn(package.source, property, read, package.places);
   return explanation;
 }
 
@@ -222,20 +247,15 @@ FilterExplanation ExplainPayload(const PackageContext& package) {
   if (package.source.entry == nullptr) return ExplainNoProperties(explanation);
   AddReading(explanation, package, PropertyName::xmlFilename);
   AddReading(explanation, package, PropertyName::payload);
-  const auto missing = [&package](const char* property) {
-    const std::string name = GetPropertyValue(property, package.source.entry->properties);
-    return fmt::format("{}, which \"{}\" names, is no regular file.",
-                       PathInFolder(WithoutSlash(package.settings.folder), name), property);
-  };
   switch (package.model.PayloadOf(package.source)) {
     case PayloadVerdict::NoXmlFilename:
-      return SetReason(explanation, "noXmlFilename", "\"xmlFilename\" is missing or empty.");
+      return SetUnnamed(explanation, package, "noXmlFilename", PropertyName::xmlFilename);
     case PayloadVerdict::NoPayload:
-      return SetReason(explanation, "noPayload", "\"payload\" is missing or empty.");
+      return SetUnnamed(explanation, package, "noPayload", PropertyName::payload);
     case PayloadVerdict::DescriptorMissing:
-      return SetReason(explanation, "descriptorMissing", missing(PropertyName::xmlFilename));
+      return SetNoFile(explanation, package, "descriptorMissing", PropertyName::xmlFilename);
     case PayloadVerdict::PayloadMissing:
-      return SetReason(explanation, "payloadMissing", missing(PropertyName::payload));
+      return SetNoFile(explanation, package, "payloadMissing", PropertyName::payload);
     case PayloadVerdict::Found:
       break;
   }
@@ -260,17 +280,19 @@ FilterExplanation ExplainUpdateType(const PackageContext& package) {
   const std::string asked = UpdateTypeList(package.settings.updateTypes);
   switch (EvaluateUpdateType(properties, package.settings.updateTypes)) {
     case UpdateTypeVerdict::NoType:
-      return SetReason(explanation, "noType", "\"type\" is missing or empty.");
+      SetReason(explanation, "noType", "\"type\" is missing or empty.");
+      break;
     case UpdateTypeVerdict::Matched:
       return SetReason(explanation, "requested",
                        fmt::format("\"type\" \"{}\" reads as {} and meets the request for {}.",
                                    text, ParseDecimal(text), asked));
     case UpdateTypeVerdict::NotMatched:
+      SetReason(explanation, "notRequested",
+                fmt::format("\"type\" \"{}\" reads as {}; asked for is {}.", text,
+                            ParseDecimal(text), asked));
       break;
   }
-  return SetReason(explanation, "notRequested",
-                   fmt::format("\"type\" \"{}\" reads as {}; asked for is {}.", text,
-                               ParseDecimal(text), asked));
+  return SetPlace(explanation, package, PropertyName::type, PropertyRead::Value);
 }
 
 }  // namespace Vornik::Cli

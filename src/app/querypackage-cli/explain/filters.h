@@ -26,7 +26,8 @@ struct PackageContext {
 };
 
 // The line where a package has a property, or where the package is if it has none.
-FilePlace PlaceIn(const PropertySource& source, const char* property, PropertyPlaces& places);
+FilePlace PlaceIn(const PropertySource& source, const char* property, PropertyRead read,
+                  PropertyPlaces& places);
 
 // a.xml:12
 std::string TextOf(const FilePlace& place);
@@ -49,6 +50,10 @@ std::vector<Repeat> RepeatsOf(const PackageContext& package);
 FilterExplanation BeginExplanation(FilterId filter, const PackageContext& package);
 
 FilterExplanation& SetReason(FilterExplanation& explanation, const char* reason, std::string text);
+
+// Says which property of the package decided, and how it was read.
+FilterExplanation& SetPlace(FilterExplanation& explanation, const PackageContext& package,
+                            const char* property, PropertyRead read);
 
 // Says that the filter does not run.
 FilterExplanation& ExplainOff(FilterExplanation& explanation);

@@ -74,14 +74,16 @@ void AddMisfits(FilterExplanation& explanation, const EvaluatedLists& lists,
   }
 }
 
-FilterExplanation& SetMissing(FilterExplanation& explanation, const char* reason,
-                              const char* property) {
-  return SetReason(explanation, reason,
-                   fmt::format("\"{}\" is missing or empty, so there is no verdict.", property));
+FilterExplanation& SetMissing(FilterExplanation& explanation, const PackageContext& package,
+                              const char* reason, const char* property) {
+  SetReason(explanation, reason,
+            fmt::format("\"{}\" is missing or empty, so there is no verdict.", property));
+  return SetPlace(explanation, package, property, PropertyRead::List);
 }
 
 void SetNotMatched(FilterExplanation& explanation, const EvaluatedLists& lists,
-                   const QuerySettings& settings) {
+                   const PackageContext& package) {
+  const QuerySettings& settings = package.settings;
   const bool known = std::any_of(lists.fits.begin(), lists.fits.end(),
                                  [](const PlatformFit& fit) { return fit.machineType; });
   SetReason(explanation, "noEntryMatches",
@@ -89,6 +91,7 @@ void SetNotMatched(FilterExplanation& explanation, const EvaluatedLists& lists,
                   : fmt::format("None of the positions that count ({}) has the machine type {}.",
                                 lists.fits.size(), settings.machineType));
   AddMisfits(explanation, lists, settings);
+  SetPlace(explanation, package, PropertyName::orderedMachineTypeList, PropertyRead::List);
 }
 
 }  // namespace
@@ -111,14 +114,16 @@ FilterExplanation ExplainPlatform(const PackageContext& package) {
                        fmt::format("Position {} of its lists fits the machine: {}.",
                                    result.entry + 1, PositionText(lists, result.entry)));
     case PlatformVerdict::NotMatched:
-      SetNotMatched(explanation, lists, settings);
+      SetNotMatched(explanation, lists, package);
       break;
     case PlatformVerdict::NoMachineTypes:
-      return SetMissing(explanation, "noMachineTypes", PropertyName::orderedMachineTypeList);
+      return SetMissing(explanation, package, "noMachineTypes",
+                        PropertyName::orderedMachineTypeList);
     case PlatformVerdict::NoOperatingSystems:
-      return SetMissing(explanation, "noOperatingSystems", PropertyName::orderedOSList);
+      return SetMissing(explanation, package, "noOperatingSystems", PropertyName::orderedOSList);
     case PlatformVerdict::NoArchitectures:
-      return SetMissing(explanation, "noArchitectures", PropertyName::orderedOSArchitectureList);
+      return SetMissing(explanation, package, "noArchitectures",
+                        PropertyName::orderedOSArchitectureList);
   }
   return explanation;
 }

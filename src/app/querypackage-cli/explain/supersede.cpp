@@ -240,6 +240,10 @@ void SetVerdict(FilterExplanation& explanation, const PackageContext& package,
   if (!reason.rankings.empty()) {
     SetReason(explanation, kept ? "highestOfGroup" : "replacedInGroup",
               RankText(chain.groups.back()));
+    if (!kept) {
+      explanation.place = PlaceIn(package.query.origins[package.index], PropertyName::Version,
+                                  PropertyRead::Value, package.places);
+    }
   } else if (reason.lists.empty()) {
     SetReason(explanation, "notReplaced", "No package of the query replaces it.");
   } else if (kept) {
@@ -249,6 +253,8 @@ void SetVerdict(FilterExplanation& explanation, const PackageContext& package,
     const ListedBy& by = chain.listedBy.back();
     SetReason(explanation, "replacedByList",
               fmt::format("{} replaces it by its \"supersede\" list.", CodeText(by.code)));
+    explanation.place = PlaceIn(package.model.SourceOf(by.code), PropertyName::supersede,
+                                PropertyRead::List, package.places);
   }
 }
 

@@ -27,7 +27,8 @@ Hazard InstanceHazardIn(const std::string& file) {
 Hazard UnclassifiedIn(const std::string& file, const SupXmlProperties& properties) {
   return {HazardKind::UnclassifiedDriver,
           file,
-          PropertyPlaces().LineOf(file, properties, PropertyName::driverFilesClassification),
+          PropertyPlaces().LineOf(file, properties, PropertyName::driverFilesClassification,
+                                  PropertyRead::List),
           GetPropertyValue(PropertyName::identificationCode, properties),
           GetPropertyValues(PropertyName::driverFiles, properties).size(),
           GetPropertyValues(PropertyName::driverFilesClassification, properties).size()};

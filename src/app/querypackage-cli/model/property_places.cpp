@@ -16,19 +16,22 @@ bool SameProperties(const SupXmlProperties& a, const SupXmlProperties& b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), SameProperty);
 }
 
-int LineIn(const PlacedPackage& package, const char* property) {
-  for (std::size_t i = package.properties.size(); i-- > 0;) {
-    if (EqualByCLibraryFold(package.properties[i].name, property)) {
-      return package.places[i]->place.line;
-    }
+int LineIn(const PlacedPackage& package, const char* property, PropertyRead read) {
+  const std::size_t none = package.properties.size();
+  std::size_t found = none;
+  for (std::size_t i = none; i-- > 0;) {
+    if (!EqualByCLibraryFold(package.properties[i].name, property)) continue;
+    const bool counts = read == PropertyRead::List || !package.properties[i].values.empty();
+    if (counts || found == none) found = i;
+    if (counts) break;
   }
-  return package.place.line;
+  return found == none ? package.place.line : package.places[found]->place.line;
 }
 
 }  // namespace
 
 int PropertyPlaces::LineOf(const std::string& file, const SupXmlProperties& package,
-                           const char* property) {
+                           const char* property, PropertyRead read) {
   if (file_ != file) {
     inspection_ = InspectDescriptor(file);
     file_ = file;
@@ -38,7 +41,7 @@ int PropertyPlaces::LineOf(const std::string& file, const SupXmlProperties& pack
       std::find_if(packages.begin(), packages.end(), [&package](const PlacedPackage& candidate) {
         return SameProperties(candidate.properties, package);
       });
-  return found == packages.end() ? 0 : LineIn(*found, property);
+  return found == packages.end() ? 0 : LineIn(*found, property, read);
 }
 
 }  // namespace Vornik::Cli

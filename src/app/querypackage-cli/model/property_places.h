@@ -9,12 +9,19 @@
 
 namespace Vornik::Cli {
 
+// How a property is read, which decides which of several with its name counts.
+enum class PropertyRead {
+  Value,  // as GetPropertyValue: the last one with a value
+  List,   // as GetPropertyValues: the last one
+};
+
 class PropertyPlaces {
  public:
-  // The line of a property, counted from 1; of several with that name the one that counts, the
-  // last. That of the package where it has no such property; 0 where the file no longer has the
-  // package.
-  int LineOf(const std::string& file, const SupXmlProperties& package, const char* property);
+  // The line of a property, counted from 1; of several with that name the one that counts, and of
+  // those without a value the last. That of the package where it has no such property; 0 where the
+  // file no longer has the package.
+  int LineOf(const std::string& file, const SupXmlProperties& package, const char* property,
+             PropertyRead read);
 
  private:
   // The last file that was asked for: packages of one pack follow each other.

@@ -1,20 +1,26 @@
-// The smallest useful host: prints the codes of the packages that no filter refused.
+// The smallest useful host: prints the codes of the packages that may be installed on a machine.
 #include <QueryPackage.h>
 
-#include <algorithm>
 #include <exception>
 #include <iostream>
 #include <string>
 #include <vector>
 
+#include "should_offer.h"
+
 namespace {
 
-bool IsRefused(const Vornik::QueryPackageResult& package) {
-  const auto verdicts = {package.platformFilterStatus,  package.kovuFilterStatus,
-                         package.sepFilterStatus,       package.payloadExistFilterStatus,
-                         package.supersedeFilterStatus, package.includeIdFilterStatus,
-                         package.excludeIdFilterStatus, package.updateTypeFilterStatus};
-  return std::count(verdicts.begin(), verdicts.end(), Vornik::FilterStatus::NotMatched) != 0;
+void Print(const Vornik::QueryPackageResult& package, const FiltersThatRan& filters) {
+  switch (ShouldOffer(package, filters)) {
+    case Offer::Yes:
+      std::cout << package.identificationCode << '\n';
+      break;
+    case Offer::Undecided:
+      std::cerr << package.identificationCode << ": its descriptor lacks data\n";
+      break;
+    case Offer::No:
+      break;
+  }
 }
 
 int PrintPackages(const std::string& folder, const std::string& machineType) {
@@ -22,13 +28,14 @@ int PrintPackages(const std::string& folder, const std::string& machineType) {
   query.SetXMLPackageFolder(folder);
   query.SetPlatform(static_cast<Vornik::OsValue>(10), static_cast<Vornik::ArcValue>(9),
                     machineType);
-  query.SetKovuFilter(false);  // accept packages from outside the machine's pack, too
+  FiltersThatRan filters;
+  filters.kovu = false;  // accept packages from outside the machine's pack, too
+  query.SetKovuFilter(filters.kovu);
 
   std::vector<Vornik::QueryPackageResult> packages;
   const int code = query.RunQuery(packages);
-  for (const Vornik::QueryPackageResult& package : packages) {
-    if (!IsRefused(package)) std::cout << package.identificationCode << '\n';
-  }
+  if (code != Vornik::QueryCode::Completed) return code;  // nothing else says what packages holds
+  for (const Vornik::QueryPackageResult& package : packages) Print(package, filters);
   return code;
 }
 

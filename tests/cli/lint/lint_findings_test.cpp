@@ -1,8 +1,5 @@
 // Every finding of lint: in a folder with its mistake, at the place of the mistake; and not in the
 // same folder without it.
-#include <algorithm>
-#include <cctype>
-
 #include "lint/lint_fixture.h"
 #include "lint/rules.h"
 
@@ -21,15 +18,7 @@ TEST_P(LintFindingTest, IsAbsentWithoutTheMistake) {
   EXPECT_EQ(PlacesOf(GetParam().id, {"--target", GetParam().target}), std::vector<std::string>());
 }
 
-std::string NameOfCase(const testing::TestParamInfo<LintCase>& info) {
-  std::string name = info.param.id + "_" + info.param.what;
-  std::replace_if(
-      name.begin(), name.end(),
-      [](char c) { return std::isalnum(static_cast<unsigned char>(c)) == 0; }, '_');
-  return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Lint, LintFindingTest, testing::ValuesIn(AllLintCases()), NameOfCase);
+INSTANTIATE_TEST_SUITE_P(Lint, LintFindingTest, testing::ValuesIn(AllLintCases()), NameOfLintCase);
 
 class LintFolderTest : public LintTest {};
 

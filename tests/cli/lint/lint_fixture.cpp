@@ -1,17 +1,29 @@
 #include "lint/lint_fixture.h"
 
+#include <algorithm>
 #include <boost/filesystem.hpp>
+#include <cctype>
 #include <stdexcept>
 
 namespace Vornik::Testing {
 
-void LintTest::WriteFiles(const LintFiles& files) {
+void WriteFilesTo(const TempFolder& folder, const LintFiles& files) {
   for (const auto& [name, bytes] : files) {
     const boost::filesystem::path path = boost::filesystem::path(folder.Path()) / name;
     boost::filesystem::create_directories(path.parent_path());
     if (name.back() != '/') folder.Write(name, bytes);
   }
 }
+
+std::string NameOfLintCase(const testing::TestParamInfo<LintCase>& info) {
+  std::string name = info.param.id + "_" + info.param.what;
+  std::replace_if(
+      name.begin(), name.end(),
+      [](char c) { return std::isalnum(static_cast<unsigned char>(c)) == 0; }, '_');
+  return name;
+}
+
+void LintTest::WriteFiles(const LintFiles& files) { WriteFilesTo(folder, files); }
 
 Outcome LintTest::Lint(const Arguments& more) {
   Arguments arguments{"lint", folder.Path()};

@@ -11,6 +11,11 @@
 
 namespace Vornik::Testing {
 
+void WriteFilesTo(const TempFolder& folder, const LintFiles& files);
+
+// For a test of each case.
+std::string NameOfLintCase(const testing::TestParamInfo<LintCase>& info);
+
 class LintTest : public CliTest {
  protected:
   void WriteFiles(const LintFiles& files);

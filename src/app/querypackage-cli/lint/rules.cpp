@@ -97,8 +97,9 @@ constexpr LintRule table[] = {
      "An INSTANCE of a pack stands inside another one, which gets its properties too.",
      "Put the INSTANCE elements beside one another."},
     {LintId::InstanceUnread, Severity::Error, "instance-unread",
-     "An INSTANCE of a pack has no attributes or is not in capital letters, so it is not read and "
-     "its package is lost.",
+     "An INSTANCE of a pack has no attributes or is not in capital letters, so it gives no "
+     "package: "
+     "its properties are lost, or belong to the INSTANCE around it.",
      "Write INSTANCE, with CLASSNAME as its first attribute."},
     {LintId::InstancesMerged, Severity::Error, "instances-merged",
      "An individual descriptor has several INSTANCE elements and is read as one package of all "

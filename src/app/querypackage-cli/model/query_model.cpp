@@ -25,10 +25,32 @@ Evaluation QueryModel::Evaluate(const QuerySettings& settings) {
   for (std::size_t i = 0; i < query.records.size(); ++i) {
     FilterEach(settings, ids, query.sources[i], query.records[i]);
   }
-  if (!settings.supersedeFilter) return query;
+  WriteSupersede(settings, query);
+  return query;
+}
+
+void QueryModel::EvaluateMachine(const QuerySettings& settings, Evaluation& query) {
+  for (std::size_t i = 0; i < query.records.size(); ++i) {
+    QueryPackageResult& record = query.records[i];
+    record.platformFilterStatus = PlatformStatus(settings, query.sources[i]);
+    record.supersedesId.clear();
+    record.supersededById.clear();
+  }
+  WriteSupersede(settings, query);
+}
+
+void QueryModel::Prepare(const QuerySettings& settings, const std::vector<Machine>& machines) {
+  for (const Machine& machine : machines) Packs(machine.machineType, machine.osValue);
+  for (const std::string& code : CodesOf(Packages())) {
+    const PropertySource source = SourceOf(code);
+    if (settings.payloadExistFilter) PayloadOf(source);
+  }
+}
+
+void QueryModel::WriteSupersede(const QuerySettings& settings, Evaluation& query) {
+  if (!settings.supersedeFilter) return;
   const std::vector<SupersedeVerdict> verdicts = ResolveSupersede(settings, query);
   for (std::size_t i = 0; i < verdicts.size(); ++i) WriteVerdict(verdicts[i], query.records[i]);
-  return query;
 }
 
 Evaluation QueryModel::BuildRecords(const QuerySettings& settings) {

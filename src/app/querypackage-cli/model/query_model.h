@@ -49,6 +49,14 @@ class QueryModel {
   // The whole query. Its folder has to be the model's.
   Evaluation Evaluate(const QuerySettings& settings);
 
+  // The same for another machine with the same chosen pack, from a query that can run: only what
+  // depends on the machine is evaluated again. The other settings have to be those of the query.
+  static void EvaluateMachine(const QuerySettings& settings, Evaluation& query);
+
+  // Finds what Evaluate looks up for these settings and each of the machines, and keeps it. After
+  // that Evaluate may run on several threads at once, for these machines.
+  void Prepare(const QuerySettings& settings, const std::vector<Machine>& machines);
+
   // The steps of Evaluate, for valid parameters and without a failed walk.
   //
   // The records after the duplicate filter: of the settings, they depend on the chosen pack only.
@@ -77,6 +85,7 @@ class QueryModel {
   const NamedMachines& Named();
 
  private:
+  static void WriteSupersede(const QuerySettings& settings, Evaluation& query);
   static void BuildOne(const PropertySource& source, Evaluation& query);
 
   const FolderReading& folder_;

@@ -81,7 +81,7 @@ std::vector<FolderEntry> ListEntries(const std::string& folder) {
   return entries;
 }
 
-FolderContents ReadContents(const std::string& folder) {
+FolderContents ReadContents(const std::string& folder, const ReadingProgress& progress) {
   FolderListing listing = ListDescriptors(folder);
   FolderContents contents;
   contents.failure = std::move(listing.failure);
@@ -89,6 +89,7 @@ FolderContents ReadContents(const std::string& folder) {
     for (DescriptorFile& file : listing.files) {
       DescriptorReading reading = ReadDescriptor(file.path, file.type);
       contents.files.push_back({std::move(file.path), std::move(reading)});
+      if (progress != nullptr) progress(contents.files.size(), listing.files.size());
     }
   } catch (const boost::system::system_error&) {
     contents.failure = std::current_exception();  // as it ends a query

@@ -5,9 +5,11 @@
 #define VORNIK_CLI_MODEL_FOLDER_READING_H
 
 #include <boost/filesystem/file_status.hpp>
+#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -64,8 +66,11 @@ struct FolderReading {
   std::optional<std::string> walkFailure;
 };
 
-// Throws std::bad_alloc only.
-FolderContents ReadContents(const std::string& folder);
+// Called after each file that is read. What it throws ends the reading.
+using ReadingProgress = std::function<void(std::size_t done, std::size_t total)>;
+
+// Throws std::bad_alloc, and what progress throws, which may be null.
+FolderContents ReadContents(const std::string& folder, const ReadingProgress& progress = nullptr);
 
 // The same for the folder of a query. Empty where the query is refused before it reads.
 FolderContents ReadContentsOf(const QuerySettings& settings);

@@ -1,5 +1,7 @@
 #include "output/csv.h"
 
+#include <string_view>
+
 namespace Vornik::Cli {
 
 namespace {
@@ -26,6 +28,12 @@ std::string CsvLine(const std::vector<std::string>& fields) {
     AppendField(fields[i], line);
   }
   return line + '\n';
+}
+
+std::string AsPlainText(const std::string& text) {
+  const bool isFormula =
+      !text.empty() && std::string_view("=+-@").find(text.front()) != std::string_view::npos;
+  return isFormula ? '\'' + text : text;
 }
 
 }  // namespace Vornik::Cli

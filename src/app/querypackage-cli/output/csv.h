@@ -13,6 +13,12 @@ namespace Vornik::Cli {
 //   {"a", "b,c", "d\"e"}  =>  a,"b,c","d""e"
 std::string CsvLine(const std::vector<std::string>& fields);
 
+// A text that a spreadsheet would take for a formula gets an apostrophe in front: one that begins
+// with =, +, - or @.
+//
+//   "=1+1"  =>  "'=1+1"
+std::string AsPlainText(const std::string& text);
+
 }  // namespace Vornik::Cli
 
 #endif  // VORNIK_CLI_OUTPUT_CSV_H

@@ -1,5 +1,6 @@
 #include "output/terminal.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -8,6 +9,7 @@
 #include <stdio.h>
 #include <windows.h>
 #else
+#include <sys/ioctl.h>
 #include <unistd.h>
 #endif
 
@@ -23,9 +25,31 @@ bool ShowsColour() {
   DWORD mode = 0;
   return GetConsoleMode(console, &mode) != 0 && SetConsoleMode(console, mode | readSequences) != 0;
 }
+
+bool IsTerminal(std::FILE* stream) { return _isatty(_fileno(stream)) != 0; }
+
+// 0: it is not known.
+std::size_t ConsoleWidth() {
+  CONSOLE_SCREEN_BUFFER_INFO console;
+  if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &console) == 0) return 0;
+  return static_cast<std::size_t>(console.srWindow.Right - console.srWindow.Left + 1);
+}
 #else
 bool ShowsColour() { return isatty(STDOUT_FILENO) != 0; }
+
+bool IsTerminal(std::FILE* stream) { return isatty(fileno(stream)) != 0; }
+
+// 0: it is not known.
+std::size_t ConsoleWidth() {
+  winsize size{};
+  return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+}
 #endif
+
+bool IsDumb() {
+  const char* terminal = std::getenv("TERM");
+  return terminal != nullptr && std::strcmp(terminal, "dumb") == 0;
+}
 
 }  // namespace
 
@@ -34,9 +58,16 @@ bool WantsColour(ColourChoice choice) {
   const bool canShow = ShowsColour();
   if (choice == ColourChoice::Always) return true;
   const char* declined = std::getenv("NO_COLOR");
-  const char* terminal = std::getenv("TERM");
-  const bool isDumb = terminal != nullptr && std::strcmp(terminal, "dumb") == 0;
-  return canShow && !isDumb && (declined == nullptr || *declined == '\0');
+  return canShow && !IsDumb() && (declined == nullptr || *declined == '\0');
 }
+
+std::optional<std::size_t> OutputWidth() {
+  constexpr std::size_t usual = 80;
+  if (!IsTerminal(stdout)) return std::nullopt;
+  const std::size_t width = ConsoleWidth();
+  return width == 0 ? usual : width;
+}
+
+bool ErrorsAreOnTerminal() { return IsTerminal(stderr) && !IsDumb(); }
 
 }  // namespace Vornik::Cli

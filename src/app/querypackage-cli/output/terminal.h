@@ -1,6 +1,9 @@
-// What standard output is connected to.
+// What standard output and standard error are connected to.
 #ifndef VORNIK_CLI_OUTPUT_TERMINAL_H
 #define VORNIK_CLI_OUTPUT_TERMINAL_H
+
+#include <cstddef>
+#include <optional>
 
 namespace Vornik::Cli {
 
@@ -10,6 +13,13 @@ enum class ColourChoice { Auto, Always, Never };
 // is not set to a non-empty text. On Windows this also makes a console interpret the colour
 // sequences.
 bool WantsColour(ColourChoice choice = ColourChoice::Auto);
+
+// Characters in a line of the terminal that standard output is; none: it is no terminal. One that
+// does not say has 80.
+std::optional<std::size_t> OutputWidth();
+
+// Whether standard error is a terminal that redraws a line: TERM is not "dumb".
+bool ErrorsAreOnTerminal();
 
 }  // namespace Vornik::Cli
 

@@ -29,6 +29,7 @@ set(querypackage_slow_tests
 set(querypackage_slow_cases
   CimXmlLoadFile.GivesWhatTinyXmlGives
   LargeFileTest.*
+  MatrixRandomTest.GivesEachMachineWhatItsQueryGives
   VersionRanking.LeavesTheOrderOfTheExchangeSort)
 math(EXPR querypackage_slow_case_timeout "600 * ${factor}")
 

@@ -54,7 +54,7 @@ const testing::Environment* const documentCheck =
 }  // namespace
 
 void KeepDocument(const Arguments& arguments, const std::string& out) {
-  static const std::array<std::string, 4> withSchema{"list", "query", "explain", "lint"};
+  static const std::array<std::string, 5> withSchema{"list", "query", "matrix", "explain", "lint"};
   const auto format = std::find(arguments.begin(), arguments.end(), "--format");
   if (out.empty() || format == arguments.end() || format + 1 == arguments.end()) return;
   if (*(format + 1) != "json") return;

@@ -66,6 +66,7 @@ def documented_options(document):
                                     for text in (common, of_query, of_explain))
     return {"list": options_in(" ".join(first_cells(section(document, "## `list`")))),
             "query": common | of_query, "explain": common | of_explain,
+            "matrix": options_in(" ".join(first_cells(section(document, "## `matrix`")))),
             "lint": options_in(" ".join(first_cells(section(document, "## `lint`"))))}
 
 
@@ -140,6 +141,13 @@ def compare_json(compare, document, program, repository):
     compare.contained("key of list: documented, but not given", words_of_tables(listing, "| Key |"),
                       of_list)
     compare.contained("key of list: not documented", of_list, set(WORD.findall(listing)))
+
+    matrix = section(document, "## `matrix`")
+    of_matrix = keys_of(program.document("matrix", repository, "--debug-records"))
+    compare.contained("key of matrix: documented, but not given", words_of_tables(matrix, "| Key |"),
+                      of_matrix)
+    compare.contained("key of matrix: not documented", of_matrix - keys,
+                      set(WORD.findall(matrix)))
 
     lint = section(document, "## `lint`")
     of_lint = keys_of(program.document("lint", repository))

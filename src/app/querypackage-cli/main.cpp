@@ -11,6 +11,7 @@
 #include "commands/explain_command.h"
 #include "commands/lint_command.h"
 #include "commands/list_command.h"
+#include "commands/matrix_command.h"
 #include "commands/parser.h"
 #include "commands/query_command.h"
 #include "commands/usage_error.h"
@@ -25,9 +26,10 @@ namespace Vornik::Cli {
 namespace {
 
 constexpr const char* closingHelp = R"(Exit status:
-  0   The query ran: the verdicts are printed. list: the folder is listed. explain: the package
-      is explained. lint: no finding is severe enough to fail on.
+  0   The query ran: the verdicts are printed. list: the folder is listed. matrix: the matrix is
+      printed. explain: the package is explained. lint: no finding is severe enough to fail on.
   1   explain: nothing in the folder is known by the id. lint: there are findings to fail on.
+      matrix: no machine gets some package, with --fail-on unreachable.
   2   The query was refused: FOLDER is no folder, the machine type is not four digits, the
       operating system or the architecture is 0, or an id is both included and excluded.
   3   The folder could not be read to its end.
@@ -43,6 +45,7 @@ constexpr const char* closingHelp = R"(Exit status:
   70  An exception ended the query.
   71  An internal error: the verdicts of a query and those that explain evaluates disagree.
   74  Standard output could not be written.
+  130 matrix: interrupted.
 Each status but 0, 10, 11 and 12 comes with a line on standard error that says what to do.
 
 The output is coloured on a terminal, unless NO_COLOR is set to a text that is not empty, or TERM
@@ -53,6 +56,7 @@ is "dumb". --color decides otherwise.
 Examples:
   querypackage-cli query packages --machine-type 1234 --os 10 --arch 9 --update-type 1
   querypackage-cli list packages
+  querypackage-cli matrix packages --machines fleet.csv --format csv
   querypackage-cli explain packages --machine-type 1234 --os 10 --arch 9 orx_drv_a
   querypackage-cli lint packages --fail-on warning)";
 
@@ -107,6 +111,7 @@ int Run(int argc, char** argv) {
   std::function<int()> chosen;
   AddListCommand(app, chosen);
   AddQueryCommand(app, chosen);
+  AddMatrixCommand(app, chosen);
   AddExplainCommand(app, chosen);
   AddLintCommand(app, chosen);
   std::vector<std::string> arguments = ArgumentsOf(argc, argv);

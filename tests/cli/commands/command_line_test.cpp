@@ -56,6 +56,7 @@ TEST_F(CommandLineTest, EachSubcommandHasItsOwnHelp) {
   } cases[] = {
       {"list", {"0", "2", "3", "4", "64", "70", "74"}, "\n  65 "},
       {"query", {"0", "2", "3", "4", "64", "65", "70", "74"}, "\n  71 "},
+      {"matrix", {"0", "1", "2", "3", "4", "64", "65", "70", "74"}, "\n  71 "},
       {"explain", {"0", "1", "2", "3", "64", "65", "70", "71", "74"}, "\n  4 "},
       {"lint", {"0", "1", "2", "3", "64", "70", "74"}, "\n  65 "},
   };
@@ -97,9 +98,9 @@ TEST_F(CommandLineTest, WrongOrIncompleteLinesAreRefused) {
     const char* says;
   } cases[] = {
       {{}, "subcommand"},
-      {{"enquire"}, "\"enquire\" is not a subcommand (list, query, explain, lint);"},
+      {{"enquire"}, "\"enquire\" is not a subcommand (list, query, matrix, explain, lint);"},
       {{"qeury"},
-       "\"qeury\" is not a subcommand (list, query, explain, lint); did you mean "
+       "\"qeury\" is not a subcommand (list, query, matrix, explain, lint); did you mean "
        "\"query\"?"},
       {{"help", "explian"}, "did you mean \"explain\"?"},
       {{"--os", "10"}, "\"--os\" has to follow a subcommand"},

@@ -9,7 +9,8 @@ namespace Vornik::Cli {
 
 namespace ExitStatus {
 inline constexpr int success = 0;
-inline constexpr int negative = 1;  // explain knows nothing by the id; lint has findings to fail on
+inline constexpr int negative =
+    1;  // explain knows nothing by the id; lint or matrix fail on what they found
 inline constexpr int refused = 10;  // explain --exit-code; of several packages the greatest
 inline constexpr int undecided = 11;
 inline constexpr int absent = 12;
@@ -19,6 +20,7 @@ inline constexpr int hazard = 65;     // a descriptor would make the query hang 
 inline constexpr int exception = 70;  // an exception ended the query
 inline constexpr int internalError = 71;  // the program contradicts itself
 inline constexpr int outputLost = 74;     // standard output could not be written
+inline constexpr int interrupted = 130;   // by the user
 }  // namespace ExitStatus
 
 // Writes one line to standard error, under the program's name.

@@ -39,6 +39,28 @@ Examples:
   querypackage-cli query packages --machine-type 1234 --os 10 --arch 9 --update-type 1
   querypackage-cli query packages --machine-type 1234 --os 10 --arch 9 --offered --format csv)";
 
+inline constexpr char matrix[] =
+    R"(Machines with the same type, operating system and architecture are of one kind and are evaluated
+once. A cell is "offered", "refused" with the filters that refuse, "undecided" with those that lack
+their data, or "absent": a query gives the machine no record of the package.
+
+Exit status:
+  0   The matrix is printed.
+  1   With --fail-on unreachable: no machine gets some package.
+  2   FOLDER is not a folder, or an id is both included and excluded.
+  3   The folder could not be read to its end.
+  4   The folder has no package, or names no machine.
+  64  The command line is wrong, the file of machines has wrong lines, or the table does not fit
+      the terminal.
+  65  A descriptor that the query of a machine would reach would make it hang or end the process.
+  70  An exception ended the program.
+  74  Standard output could not be written.
+  130 Interrupted; what is printed of csv and jsonl are whole lines.
+
+Examples:
+  querypackage-cli matrix packages --machines fleet.csv --format csv
+  querypackage-cli matrix packages --machine "1234/*" --fail-on unreachable)";
+
 inline constexpr char explain[] = R"(Exit status:
   0   The package, or why there is none, is explained.
   1   Nothing in the folder is known by the id.

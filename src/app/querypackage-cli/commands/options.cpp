@@ -87,6 +87,10 @@ void AddQuerySettings(CLI::App& command, QuerySettings& settings) {
           "Operating-system code, 1 to 4294967295, as the descriptors use it");
   AddCode(command, "--arch", settings.arcValue,
           "Architecture code, 1 to 4294967295, as the descriptors use it");
+  AddFilterSettings(command, settings);
+}
+
+void AddFilterSettings(CLI::App& command, QuerySettings& settings) {
   for (const Filter* filter : FiltersWithSetting()) {
     const FilterSetting& setting = filter->setting.value();
     std::visit([&](auto member) { AddFilterOption(command, setting, settings.*member); },

@@ -38,6 +38,9 @@ CLI::Option* AddFolder(CLI::App& command, std::string& folder);
 // The folder included.
 void AddQuerySettings(CLI::App& command, QuerySettings& settings);
 
+// Of those the settings of the filters.
+void AddFilterSettings(CLI::App& command, QuerySettings& settings);
+
 // Which packages are explained.
 struct PackageIds {
   std::vector<std::string> asked;  // ids and patterns

@@ -1,0 +1,18 @@
+// "matrix": which packages of a folder each of many machines gets.
+#ifndef VORNIK_CLI_COMMANDS_MATRIX_COMMAND_H
+#define VORNIK_CLI_COMMANDS_MATRIX_COMMAND_H
+
+#include <functional>
+
+namespace CLI {
+class App;
+}
+
+namespace Vornik::Cli {
+
+// Sets chosen to the run of the subcommand when it was asked for.
+void AddMatrixCommand(CLI::App& app, std::function<int()>& chosen);
+
+}  // namespace Vornik::Cli
+
+#endif  // VORNIK_CLI_COMMANDS_MATRIX_COMMAND_H

@@ -13,6 +13,7 @@
 #include "model/filter_table.h"
 #include "model/machines.h"
 #include "model/query_settings.h"
+#include "output/sentence.h"
 
 namespace Vornik::Cli {
 
@@ -32,12 +33,12 @@ struct FilterExplanation {
   std::uint32_t status = FilterStatus::NotEvaluated;  // in the record; duplicate: Matched
   bool runs = true;
   std::string reason;  // one word for programs
-  std::string text;    // one sentence
-  std::string file;    // whose properties decided; empty: none did
+  Sentence text;
+  std::string file;  // whose properties decided; empty: none did
   std::vector<PropertyReading> properties;
-  FilePlace place;                   // what decided, where the filter does not match
-  std::vector<std::string> details;  // further sentences
-  std::vector<std::string> log;      // the library's own lines
+  FilePlace place;                // what decided, where the filter does not match
+  std::vector<Sentence> details;  // further sentences
+  std::vector<std::string> log;   // the library's own lines
 };
 
 // A package that was ranked with others by a driver file.

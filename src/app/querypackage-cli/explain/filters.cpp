@@ -74,13 +74,13 @@ void AddPacksOf(FilterExplanation& explanation, const PackageContext& package) {
   }
 }
 
-std::string UpdateTypeList(const std::vector<UpdateType>& types) {
+std::vector<std::string> TextsOf(const std::vector<UpdateType>& types) {
   std::vector<std::string> numbers;
   numbers.reserve(types.size());
   for (const UpdateType type : types) {
     numbers.push_back(fmt::format("{}", static_cast<std::int32_t>(type)));
   }
-  return fmt::format("{}", fmt::join(numbers, ", "));
+  return numbers;
 }
 
 // The first id of a list that means the code; null if there is none.
@@ -98,9 +98,10 @@ FilterExplanation ExplainIds(FilterId filter, const PackageContext& package,
   const std::string& code = package.Record().identificationCode;
   const std::string* id = FindId(ids, code);
   if (id == nullptr) {
-    SetReason(
-        explanation, "notListed",
-        fmt::format("The {} list does not hold the code; it holds {}.", list, QuotedList(ids)));
+    SetReason(explanation, "notListed", SentenceWithLists([&](ListLength length) {
+                return fmt::format("The {} list does not hold the code; it holds {}.", list,
+                                   QuotedList(ids, length));
+              }));
   } else if (*id == code) {
     SetReason(explanation, "listed", fmt::format("The {} list holds the code.", list));
   } else {
@@ -149,7 +150,7 @@ FilterExplanation BeginExplanation(FilterId filter, const PackageContext& packag
   return explanation;
 }
 
-FilterExplanation& SetReason(FilterExplanation& explanation, const char* reason, std::string text) {
+FilterExplanation& SetReason(FilterExplanation& explanation, const char* reason, Sentence text) {
   explanation.reason = reason;
   explanation.text = std::move(text);
   return explanation;
@@ -277,19 +278,22 @@ FilterExplanation ExplainUpdateType(const PackageContext& package) {
   AddReading(explanation, package, PropertyName::type);
   const SupXmlProperties& properties = package.source.entry->properties;
   const std::string text = GetPropertyValue(PropertyName::type, properties);
-  const std::string asked = UpdateTypeList(package.settings.updateTypes);
+  const std::vector<std::string> asked = TextsOf(package.settings.updateTypes);
+  const auto sentence = [&](const char* format) {
+    return SentenceWithLists([&](ListLength length) {
+      return fmt::format(fmt::runtime(format), text, ParseDecimal(text), PlainList(asked, length));
+    });
+  };
   switch (EvaluateUpdateType(properties, package.settings.updateTypes)) {
     case UpdateTypeVerdict::NoType:
       SetReason(explanation, "noType", "\"type\" is missing or empty.");
       break;
     case UpdateTypeVerdict::Matched:
       return SetReason(explanation, "requested",
-                       fmt::format("\"type\" \"{}\" reads as {} and meets the request for {}.",
-                                   text, ParseDecimal(text), asked));
+                       sentence("\"type\" \"{}\" reads as {} and meets the request for {}."));
     case UpdateTypeVerdict::NotMatched:
       SetReason(explanation, "notRequested",
-                fmt::format("\"type\" \"{}\" reads as {}; asked for is {}.", text,
-                            ParseDecimal(text), asked));
+                sentence("\"type\" \"{}\" reads as {}; asked for is {}."));
       break;
   }
   return SetPlace(explanation, package, PropertyName::type, PropertyRead::Value);

@@ -10,6 +10,7 @@
 #include "model/property_places.h"
 #include "model/query_model.h"
 #include "model/query_settings.h"
+#include "output/sentence.h"
 
 namespace Vornik::Cli {
 
@@ -49,7 +50,7 @@ std::vector<Repeat> RepeatsOf(const PackageContext& package);
 // An explanation with the verdict in the record, and without a reason.
 FilterExplanation BeginExplanation(FilterId filter, const PackageContext& package);
 
-FilterExplanation& SetReason(FilterExplanation& explanation, const char* reason, std::string text);
+FilterExplanation& SetReason(FilterExplanation& explanation, const char* reason, Sentence text);
 
 // Says which property of the package decided, and how it was read.
 FilterExplanation& SetPlace(FilterExplanation& explanation, const PackageContext& package,

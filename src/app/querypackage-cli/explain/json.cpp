@@ -56,11 +56,11 @@ Json FilterObject(const FilterExplanation& filter) {
           {"verdict", VerdictOf(filter)},
           {"runs", filter.runs},
           {"reason", filter.reason},
-          {"text", filter.text},
+          {"text", filter.text.full},
           {"rule", info.rule},
           {"file", filter.file},
           {"properties", ArrayOf(filter.properties, property)},
-          {"details", filter.details},
+          {"details", ArrayOf(filter.details, [](const auto& one) { return Json(one.full); })},
           {"log", filter.log},
           {"place", PlaceObject(filter.place)}};
 }

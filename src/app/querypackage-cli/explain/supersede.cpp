@@ -96,11 +96,11 @@ std::size_t PlaceIn(const DriverGroup& group) {
   return group.ranking.size() - 1 - static_cast<std::size_t>(last - group.ranking.rbegin());
 }
 
-std::string GroupName(const DriverGroup& group) {
+std::string GroupName(const DriverGroup& group, ListLength length) {
   // One record may stand for two codes of the same letters, and then shares with itself alone.
   if (group.driverFiles.empty()) return "a driver file of one name";
   return (group.driverFiles.size() == 1 ? "the driver file " : "the driver files ") +
-         QuotedList(group.driverFiles);
+         QuotedList(group.driverFiles, length);
 }
 
 // Codes that differ only in case are ranked as one package, which then has several places.
@@ -110,22 +110,31 @@ std::size_t PackagesIn(const DriverGroup& group) {
   return codes.size();
 }
 
-std::string RankText(const DriverGroup& group) {
+std::string RankText(const DriverGroup& group, ListLength length) {
   const std::size_t place = PlaceIn(group);
   const RankedPackage& own = group.ranking[place];
   const std::size_t packages = PackagesIn(group);
   if (packages == 1) return "It is ranked with itself alone, under codes that differ only in case.";
   if (place + 1 == group.ranking.size()) {
     return fmt::format("Its version {} stands last, and so highest, of the {} with {}.",
-                       AsCompared(own.version), Count(packages, "package"), GroupName(group));
+                       AsCompared(own.version), Count(packages, "package"),
+                       GroupName(group, length));
   }
   const RankedPackage& next = group.ranking[place + 1];
   const char* relation =
       own.comparedAs == next.comparedAs ? "equal to, and stands before," : "smaller than";
   return fmt::format(
       "{} replaces it: among the packages with {}, its version {} is, as text, {} {}.",
-      CodeText(next.code), GroupName(group), AsCompared(own.version), relation,
+      CodeText(next.code), GroupName(group, length), AsCompared(own.version), relation,
       AsCompared(next.version));
+}
+
+// What is said of several codes; nothing if there is none.
+void AddList(FilterExplanation& explanation, const char* beginning,
+             const std::vector<std::string>& codes) {
+  if (codes.empty()) return;
+  explanation.details.push_back(SentenceWithLists(
+      [&](ListLength length) { return beginning + QuotedList(codes, length) + '.'; }));
 }
 
 void AddLists(FilterExplanation& explanation, const SupersedeChain& chain) {
@@ -134,23 +143,26 @@ void AddLists(FilterExplanation& explanation, const SupersedeChain& chain) {
                                               CodeText(listed.code), listed.file,
                                               Quoted(listed.spelling)));
   }
-  if (!chain.lists.empty()) {
-    explanation.details.push_back("Its own \"supersede\" list names " + QuotedList(chain.lists) +
-                                  '.');
-  }
-  if (!chain.unknown.empty()) {
-    explanation.details.push_back(
-        "Its own \"supersede\" list also names codes that no package of the query has: " +
-        QuotedList(chain.unknown) + '.');
-  }
+  AddList(explanation, "Its own \"supersede\" list names ", chain.lists);
+  AddList(explanation,
+          "Its own \"supersede\" list also names codes that no package of the query has: ",
+          chain.unknown);
 }
 
-std::string RankingText(const DriverGroup& group) {
-  std::string text = "Ranked as text by " + GroupName(group) + ", the last one is kept: ";
-  for (std::size_t i = 0; i < group.ranking.size(); ++i) {
-    const RankedPackage& ranked = group.ranking[i];
-    if (i != 0 && group.ranking[i - 1].code == ranked.code) continue;
-    if (i != 0) text += group.ranking[i - 1].comparedAs == ranked.comparedAs ? " = " : " < ";
+// Short: the end of the ranking, which is kept.
+std::string RankingText(const DriverGroup& group, ListLength length) {
+  constexpr std::size_t most = 10;
+  const auto& ranking = group.ranking;
+  std::string text = "Ranked as text by " + GroupName(group, length) + ", the last one is kept: ";
+  const std::size_t first =
+      length == ListLength::Short && ranking.size() > most ? ranking.size() - most : 0;
+  if (first != 0) text += fmt::format("after {}, ", Count(first, "other"));
+  for (std::size_t i = first; i < ranking.size(); ++i) {
+    const RankedPackage& ranked = ranking[i];
+    if (i != first) {
+      if (ranking[i - 1].code == ranked.code) continue;
+      text += ranking[i - 1].comparedAs == ranked.comparedAs ? " = " : " < ";
+    }
     text += AsCompared(ranked.version) + " of " +
             (ranked.isThis ? "this package" : CodeText(ranked.code));
   }
@@ -160,7 +172,10 @@ std::string RankingText(const DriverGroup& group) {
 void AddGroups(FilterExplanation& explanation, const SupersedeChain& chain) {
   for (const DriverGroup& group : chain.groups) {
     const std::size_t packages = PackagesIn(group);
-    if (packages > 1) explanation.details.push_back(RankingText(group));
+    if (packages > 1) {
+      explanation.details.push_back(
+          SentenceWithLists([&group](ListLength length) { return RankingText(group, length); }));
+    }
     if (packages < group.ranking.size()) {
       explanation.details.emplace_back(
           "Codes that differ only in case are all ranked as the first of their packages.");
@@ -174,14 +189,9 @@ void AddGroups(FilterExplanation& explanation, const SupersedeChain& chain) {
 }
 
 void AddLeftOut(FilterExplanation& explanation, const SupersedeChain& chain) {
-  if (!chain.excluded.empty()) {
-    explanation.details.push_back(
-        "Not ranked, because of the exclude list: " + QuotedList(chain.excluded) + '.');
-  }
-  if (!chain.otherPlatform.empty()) {
-    explanation.details.push_back("Not ranked, because the platform filter refused them: " +
-                                  QuotedList(chain.otherPlatform) + '.');
-  }
+  AddList(explanation, "Not ranked, because of the exclude list: ", chain.excluded);
+  AddList(explanation,
+          "Not ranked, because the platform filter refused them: ", chain.otherPlatform);
 }
 
 // What of it is ranked: the record's own text, wherever its properties are looked up.
@@ -239,7 +249,8 @@ void SetVerdict(FilterExplanation& explanation, const PackageContext& package,
   const bool kept = explanation.status == FilterStatus::Matched;
   if (!reason.rankings.empty()) {
     SetReason(explanation, kept ? "highestOfGroup" : "replacedInGroup",
-              RankText(chain.groups.back()));
+              SentenceWithLists(
+                  [&chain](ListLength length) { return RankText(chain.groups.back(), length); }));
     if (!kept) {
       explanation.place = PlaceIn(package.query.origins[package.index], PropertyName::Version,
                                   PropertyRead::Value, package.places);

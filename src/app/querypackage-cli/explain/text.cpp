@@ -72,6 +72,8 @@ class Writer {
     out_ += '\n';
   }
 
+  ListLength Lists() const { return isBrief_ ? ListLength::Short : ListLength::Full; }
+
   std::string Coloured(const Cell& word, std::size_t width = 0) const {
     return Painted(Padded(word.text, width), word.paint, colour_);
   }
@@ -84,7 +86,7 @@ class Writer {
     }
     if (!package.otherSpellings.empty()) {
       Line(2, "Further packages have the same letters in another case: " +
-                  QuotedList(package.otherSpellings) + '.');
+                  QuotedList(package.otherSpellings, Lists()) + '.');
     }
     if (isBrief_) {
       WriteBriefly(explanation, package);
@@ -110,10 +112,10 @@ class Writer {
   void WriteObstacle(const FilterExplanation& filter) {
     out_ += fmt::format("  {} {} ", Coloured(WordOf(filter), 4),
                         Padded(FilterOf(filter.filter).name, 12));
-    Line(0, filter.text);
+    Line(0, filter.text.brief);
     std::string further = filter.place.file.empty() ? "" : TextOf(filter.place);
     if (!filter.details.empty()) {
-      further += (further.empty() ? "" : ": ") + filter.details.front();
+      further += (further.empty() ? "" : ": ") + filter.details.front().brief;
     }
     if (filter.details.size() > 1) {
       further +=
@@ -145,7 +147,7 @@ class Writer {
     const FilterId decisive =
         package.refusedBy.empty() ? package.undecidedBy.front() : package.refusedBy.front();
     for (const FilterExplanation& filter : package.filters) {
-      if (filter.filter == decisive) return ". " + Printable(filter.text);
+      if (filter.filter == decisive) return ". " + Printable(filter.text.brief);
     }
     return "";
   }
@@ -161,13 +163,14 @@ class Writer {
     constexpr std::size_t indent = 8;
     const Filter& info = FilterOf(filter.filter);
     out_ += fmt::format("\n  {} {} ", Coloured(WordOf(filter), 4), Padded(info.name, 12));
-    Line(0, filter.text);
+    Line(0, filter.text.full);
     Line(indent, std::string("Rule: ") + info.rule);
     for (const PropertyReading& property : filter.properties) {
-      Line(indent, fmt::format("Read: {}: {}", property.name, QuotedList(property.values)));
+      Line(indent, fmt::format("Read: {}: {}", property.name,
+                               QuotedList(property.values, ListLength::Full)));
     }
     if (!filter.file.empty()) Line(indent, "In:   " + filter.file);
-    for (const std::string& detail : filter.details) Line(indent, "Note: " + detail);
+    for (const Sentence& detail : filter.details) Line(indent, "Note: " + detail.full);
     for (const std::string& line : filter.log) Line(indent, "Log:  " + line);
   }
 
@@ -192,7 +195,7 @@ class Writer {
     }
     WriteLeftOut(remedies.inTheRepository.size() - shown);
     if (remedies.state != RemedyState::NotNeeded) {
-      Line(0, TextOf(remedies.machines, isBrief_ ? ListLength::Short : ListLength::Full));
+      Line(0, TextOf(remedies.machines, Lists()));
     }
   }
 
@@ -231,7 +234,9 @@ class Writer {
     } else {
       Line(2, "The query gives no package with exactly this code.");
     }
-    for (const AbsenceReason& reason : explanation.absence) WriteReason(explanation, reason);
+    const std::size_t shown = Shown(explanation.absence.size());
+    for (std::size_t i = 0; i < shown; ++i) WriteReason(explanation, explanation.absence[i]);
+    WriteLeftOut(explanation.absence.size() - shown);
     if (explanation.absenceRemedies.code.empty()) return;
     if (!isBrief_) out_ += '\n';
     WriteRemedies(explanation.query, explanation.absenceRemedies);

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "output/sentence.h"
+
 namespace Vornik::Cli {
 
 // "abc"
@@ -13,9 +15,6 @@ std::string Quoted(const std::string& text);
 
 // The same for a text of any length: a long one is cut and followed by "...".
 std::string QuotedBriefly(const std::string& text);
-
-// Short: of more than ten items the first ones, and the number of the others.
-enum class ListLength { Short, Full };
 
 // "a", "b"; "nothing" for none.
 std::string QuotedList(const std::vector<std::string>& texts, ListLength length);

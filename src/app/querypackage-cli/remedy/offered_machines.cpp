@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "output/wording.h"
 #include "remedy/trials.h"
 
 namespace Vornik::Cli {

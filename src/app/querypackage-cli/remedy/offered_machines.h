@@ -8,7 +8,7 @@
 #include "model/machines.h"
 #include "model/query_model.h"
 #include "model/query_settings.h"
-#include "output/wording.h"
+#include "output/sentence.h"
 
 namespace Vornik::Cli {
 

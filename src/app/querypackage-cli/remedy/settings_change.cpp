@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <variant>
 
 #include "model/filter_table.h"
@@ -22,14 +23,27 @@ std::string TextOf(UpdateType type) { return fmt::format("{}", static_cast<std::
 std::string Shown(const std::string& id) { return Quoted(id); }
 std::string Shown(UpdateType type) { return TextOf(type); }
 
+// More than these are not spelled out.
+constexpr std::size_t maxSpelledOut = 5;
+
 template <typename Item>
-std::string ItemsMissingIn(const std::vector<Item>& items, const std::vector<Item>& other,
-                           const char* option) {
+std::vector<Item> MissingIn(const std::vector<Item>& items, const std::vector<Item>& other) {
+  std::vector<Item> missing;
+  std::copy_if(items.begin(), items.end(), std::back_inserter(missing), [&other](const Item& item) {
+    return std::find(other.begin(), other.end(), item) == other.end();
+  });
+  return missing;
+}
+
+// what: of many items, what they are.
+template <typename Item>
+std::string OptionsFor(const std::vector<Item>& items, const char* option, const char* what) {
+  if (items.size() > maxSpelledOut) {
+    return fmt::format("{} for {} {} (--format json has them)", option, items.size(), what);
+  }
   std::string text;
   for (const Item& item : items) {
-    if (std::find(other.begin(), other.end(), item) != other.end()) continue;
-    if (!text.empty()) text += ' ';
-    text += fmt::format("{} {}", option, Shown(item));
+    text += fmt::format("{}{} {}", text.empty() ? "" : " ", option, Shown(item));
   }
   return text;
 }
@@ -38,8 +52,10 @@ template <typename Item>
 std::string ChangeOf(const std::vector<Item>& before, const std::vector<Item>& after,
                      const char* option) {
   if (after.empty()) return fmt::format("no {} at all", option);
-  const std::string added = ItemsMissingIn(after, before, option);
-  const std::string removed = ItemsMissingIn(before, after, option);
+  // Only packages that the one in question is ranked with are many.
+  const std::string added =
+      OptionsFor(MissingIn(after, before), option, "packages that it is ranked with");
+  const std::string removed = OptionsFor(MissingIn(before, after), option, "of its values");
   std::string text = added.empty() ? "" : "add " + added;
   if (!removed.empty()) text += (text.empty() ? "" : ", and ") + ("leave out " + removed);
   return text;

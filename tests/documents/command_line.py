@@ -67,7 +67,8 @@ def documented_options(document):
     return {"list": options_in(" ".join(first_cells(section(document, "## `list`")))),
             "query": common | of_query, "explain": common | of_explain,
             "matrix": options_in(" ".join(first_cells(section(document, "## `matrix`")))),
-            "lint": options_in(" ".join(first_cells(section(document, "## `lint`"))))}
+            "lint": options_in(" ".join(first_cells(section(document, "## `lint`")))),
+            "check": options_in(" ".join(first_cells(section(document, "## `check`"))))}
 
 
 def words_of_tables(text, header):

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "QueryPackage.h"
+#include "commands/check_command.h"
 #include "commands/command_frame.h"
 #include "commands/exit_status.h"
 #include "commands/explain_command.h"
@@ -28,6 +29,7 @@ namespace {
 constexpr const char* closingHelp = R"(Exit status:
   0   The query ran: the verdicts are printed. list: the folder is listed. matrix: the matrix is
       printed. explain: the package is explained. lint: no finding is severe enough to fail on.
+      check: there is no descriptor of status 65.
   1   explain: nothing in the folder is known by the id. lint: there are findings to fail on.
       matrix: no machine gets some package, with --fail-on unreachable.
   2   The query was refused: FOLDER is no folder, the machine type is not four digits, the
@@ -114,6 +116,7 @@ int Run(int argc, char** argv) {
   AddMatrixCommand(app, chosen);
   AddExplainCommand(app, chosen);
   AddLintCommand(app, chosen);
+  AddCheckCommand(app, chosen);
   std::vector<std::string> arguments = ArgumentsOf(argc, argv);
   if (const auto wrong = FindWrongSubcommand(app, arguments)) return FailOnUsage(*wrong);
   std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the end

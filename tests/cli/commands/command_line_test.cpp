@@ -98,9 +98,9 @@ TEST_F(CommandLineTest, WrongOrIncompleteLinesAreRefused) {
     const char* says;
   } cases[] = {
       {{}, "subcommand"},
-      {{"enquire"}, "\"enquire\" is not a subcommand (list, query, matrix, explain, lint);"},
+      {{"enquire"}, "\"enquire\" is not a subcommand (list, query, matrix, explain, lint, check);"},
       {{"qeury"},
-       "\"qeury\" is not a subcommand (list, query, matrix, explain, lint); did you mean "
+       "\"qeury\" is not a subcommand (list, query, matrix, explain, lint, check); did you mean "
        "\"query\"?"},
       {{"help", "explian"}, "did you mean \"explain\"?"},
       {{"--os", "10"}, "\"--os\" has to follow a subcommand"},

@@ -17,6 +17,19 @@ Examples:
   querypackage-cli list packages
   querypackage-cli list packages --show packages --format csv)";
 
+inline constexpr char check[] = R"(Exit status:
+  0   No descriptor of the folder would hang a query or end the process.
+  2   FOLDER is not a folder.
+  3   The folder could not be read to its end, and nothing was found so far.
+  64  The command line is wrong.
+  65  There is such a descriptor.
+  70  An exception ended the program.
+  74  Standard output could not be written.
+
+Examples:
+  querypackage-cli check packages
+  querypackage-cli check packages --quiet)";
+
 inline constexpr char query[] =
     R"(A verdict is "pass", "fail" or "none": the data that the filter needs are missing. A package is
 offered if every filter that runs says "pass".

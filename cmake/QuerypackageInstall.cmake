@@ -20,6 +20,15 @@ install(FILES
   "${PROJECT_BINARY_DIR}/querypackageConfig.cmake"
   "${PROJECT_BINARY_DIR}/querypackageConfigVersion.cmake"
   DESTINATION "${packageDir}")
+
+# For projects without CMake. The prefix is where the file is, so that what is installed can be moved.
+file(RELATIVE_PATH toPrefix "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+string(REGEX REPLACE "/$" "" toPrefix "${toPrefix}")
+configure_file("${PROJECT_SOURCE_DIR}/cmake/querypackage.pc.in"
+  "${PROJECT_BINARY_DIR}/querypackage.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/querypackage.pc"
+  DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/repository"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/querypackage")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/share/querypackage/schemas"

@@ -18,7 +18,7 @@ build=(g++ cmake ninja-build libboost-filesystem-dev libtinyxml-dev libspdlog-de
        libcli11-dev nlohmann-json3-dev)
 # dpkg-dev is for TinyXML's sources without Debian's patches.
 tests=(libgtest-dev libgmock-dev libboost-dev locales git python3
-       python3-jsonschema dpkg-dev libbenchmark-dev valgrind)
+       python3-jsonschema dpkg-dev libbenchmark-dev valgrind pkg-config)
 sanitize=(clang libclang-rt-dev lld)
 windows=(g++-mingw-w64-x86-64-posix clang wine64 googletest)
 check=(clang-format clang-tidy cppcheck shellcheck)

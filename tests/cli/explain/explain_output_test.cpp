@@ -24,7 +24,7 @@ TEST_F(ExplainOutputTest, KeysHaveTheirOrder) {
   const Json document = ExplainJson("a");
   EXPECT_THAT(KeysOf(document),
               ElementsAre("schemaVersion", "query", "returnCode", "records", "packageId", "answer",
-                          "folderChanged", "packages", "absence", "absenceWayOut"));
+                          "folderChanged", "packages", "absence", "absenceWayOut", "warnings"));
   const Json& package = document["packages"][0];
   EXPECT_THAT(KeysOf(package),
               ElementsAre("identificationCode", "answer", "refusedBy", "undecidedBy", "otherCase",

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <map>
 #include <numeric>
+#include <random>
 #include <set>
 
 #include "cli_fixture.h"
 #include "model/query_model.h"
+#include "query/driver_overlap.h"
 #include "query/warnings.h"
 #include "test_random.h"
 
@@ -180,6 +182,93 @@ TEST_F(ListingOrderTest, EqualVersionsOfADriverMatter) {
   write("c", "c");
   EXPECT_EQ(ValuesOf(Kept).size(), 1U);
   EXPECT_FALSE(WarnsOfEqualVersions());
+}
+
+TEST_F(ListingOrderTest, DriverFilesThatOverlapOnlyPartlyMatter) {
+  const auto write = [this](const std::string& code, const std::string& version,
+                            const std::vector<std::string>& files) {
+    folder.Write(code + ".xml",
+                 Package(code).Set("Version", version).Set("driverFiles", files).Individual());
+  };
+  write("a", "3", {"x.sys-#1"});
+  write("b", "2", {"x.sys-#1", "y.sys-#1"});
+  write("c", "1", {"y.sys-#1"});
+  EXPECT_EQ(ValuesOf(Kept).size(), 2U);
+  EXPECT_EQ(QueryJson()["warnings"],
+            Json::array({"whether \"b\" is kept depends on the order in which the system lists the "
+                         "folder: the driver files of several packages overlap only partly"}));
+  write("b", "4", {"x.sys-#1", "y.sys-#1"});
+  EXPECT_EQ(ValuesOf(Kept).size(), 1U) << "the one in the middle replaces both in any order";
+  EXPECT_EQ(QueryJson()["warnings"], Json::array());
+}
+
+TEST_F(ListingOrderTest, ExplainWarnsOfThePackagesThatItConcerns) {
+  WritePackage("alone");
+  for (const char* code : {"a", "b"}) {
+    folder.Write(code + std::string(".xml"),
+                 Package(code).Set("driverFiles", {"x.sys-#1"}).Individual());
+  }
+  const auto explain = [this](const std::string& id, const Arguments& more) {
+    Arguments arguments = QueryArguments(more);
+    arguments.front() = "explain";
+    arguments.push_back(id);
+    return RunCli(arguments).out;
+  };
+  const Json warnings = QueryJson()["warnings"];
+  ASSERT_EQ(warnings.size(), 1U);
+  EXPECT_EQ(Json::parse(explain("a", {"--format", "json"}))["warnings"], warnings);
+  EXPECT_THAT(explain("b", {}),
+              testing::EndsWith("\nWarning: " + warnings[0].get<std::string>() + ".\n"));
+  EXPECT_EQ(Json::parse(explain("alone", {"--format", "json"}))["warnings"], Json::array());
+  EXPECT_EQ(Json::parse(explain("none", {"--format", "json"}))["warnings"], Json::array());
+}
+
+TEST_F(ListingOrderTest, NoPackageVariesWithoutAWarningAboutIt) {
+  const TestRandom test;
+  std::mt19937 random(test.Seed());
+  const auto pick = [&random](unsigned int below) { return random() % below; };
+  std::size_t varied = 0;
+  std::size_t overlaps = 0;
+  for (std::size_t round = test.Rounds(60); round != 0; --round) {
+    SCOPED_TRACE(round);
+    for (const char* code : {"a", "b", "c", "d"}) {
+      std::vector<std::string> files;
+      for (const char* file : {"x.sys-#1", "y.sys-#1", "z.sys-#1"}) {
+        if (pick(2) == 0) files.emplace_back(file);
+      }
+      folder.Write(code + std::string(".xml"), Package(code)
+                                                   .Set("Version", std::to_string(pick(5)))
+                                                   .Set("driverFiles", files)
+                                                   .Set("category", code)
+                                                   .Individual());
+    }
+    std::map<std::string, std::set<std::uint32_t>> statuses;
+    std::map<std::string, bool> warned;
+    for (const FolderContents& contents : Orders()) {
+      const auto records = RecordsOf(contents);
+      const auto warnings =
+          Cli::WarnOfOrder(Settings(), Cli::ListingFactsOf(contents, Settings()), records);
+      for (const QueryPackageResult& record : records) {
+        const std::string& code = record.identificationCode;
+        statuses[code].insert(record.supersedeFilterStatus);
+        const auto concerns = std::any_of(warnings.begin(), warnings.end(),
+                                          [&](const auto& one) { return one.Concerns(code); });
+        warned.emplace(code, concerns);
+      }
+      overlaps += Cli::WarnOfDriverOverlap(Settings(), records).size();
+      for (const auto& one : Cli::WarnOfDriverOverlap(Settings(), records)) {
+        ASSERT_THAT(one.codes, testing::Not(testing::IsEmpty()));
+      }
+    }
+    for (const auto& [code, values] : statuses) {
+      if (values.size() < 2) continue;
+      ++varied;
+      ASSERT_TRUE(warned[code]) << code;
+    }
+  }
+  if (!test.RunsAllRounds()) return;
+  EXPECT_GT(varied, 10U);
+  EXPECT_GT(overlaps, 10U);
 }
 
 TEST_F(ListingOrderTest, EqualVersionsOfMembersDoNotMatter) {

@@ -23,6 +23,7 @@
 #include "output/terminal.h"
 #include "output/wording.h"
 #include "query/pack_summary.h"
+#include "query/warnings.h"
 
 namespace Vornik::Cli {
 
@@ -39,8 +40,23 @@ struct ExplainOptions {
   bool exitCode = false;
 };
 
+// The warnings about the packages of an explanation, or about the pack where there is none.
+std::vector<std::string> WarningsFor(const Explanation& explanation, const OrderWarnings& all) {
+  std::vector<std::string> warnings;
+  if (!IsKnown(explanation)) return warnings;
+  for (const OrderWarning& one : all) {
+    const bool concerns = std::any_of(
+        explanation.packages.begin(), explanation.packages.end(),
+        [&one](const auto& package) { return one.Concerns(package.record.identificationCode); });
+    if (concerns || one.codes.empty()) warnings.push_back(one.text);
+  }
+  return warnings;
+}
+
 std::vector<Explanation> ExplainAll(const ExplainOptions& options, const EvaluatedQuery& query,
-                                    const std::string& packText) {
+                                    const ListingFacts& facts) {
+  const std::string packText = TextOf(facts.pack, options.query);
+  const OrderWarnings warnings = WarnOfOrder(options.query, facts, query.run.records);
   std::vector<std::string> ids;
   if (options.ids.exact) ids.push_back(*options.ids.exact);
   for (std::string& id : ResolveIds(query, options.ids.asked)) {
@@ -50,6 +66,7 @@ std::vector<Explanation> ExplainAll(const ExplainOptions& options, const Evaluat
   for (const std::string& id : ids) {
     explanations.push_back(Explain(query, id));
     explanations.back().packText = packText;
+    explanations.back().warnings = WarningsFor(explanations.back(), warnings);
     if (!IsKnown(explanations.back())) explanations.back().nearest = NearestCodes(query, id);
   }
   return explanations;
@@ -120,7 +137,7 @@ int ExplainPackages(const ExplainOptions& options) {
   if (!options.trust) {
     if (const auto refusal = RefuseHazard(options.query, contents)) return *refusal;
   }
-  const std::string packText = TextOf(SummarizePacks(contents, options.query), options.query);
+  const ListingFacts facts = ListingFactsOf(contents, options.query);
   const LibraryRun run = RunLibrary(options.query, contents);
   if (!options.display.quiet) ReportLostLogRecords();
 
@@ -130,7 +147,7 @@ int ExplainPackages(const ExplainOptions& options) {
   const EvaluatedQuery query{options.query, run, model, evaluation,
                              ListEntries(options.query.folder) != before};
   if (const auto failure = FailOnDisagreement(query)) return *failure;
-  const std::vector<Explanation> explanations = ExplainAll(options, query, packText);
+  const std::vector<Explanation> explanations = ExplainAll(options, query, facts);
   return PrintExplanations(options, explanations) ? StatusOf(options, explanations) : FailToPrint();
 }
 

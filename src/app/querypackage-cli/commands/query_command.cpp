@@ -30,27 +30,13 @@ struct QueryOptions {
   bool trust = false;
 };
 
-// What of the folder explains the answer, taken before the query consumes what was read.
-struct FolderFacts {
-  PackSummary pack;
-  RepeatedCodes repeatedCodes;
-};
-
-FolderFacts FactsOf(const FolderContents& contents, const QuerySettings& settings) {
-  return {SummarizePacks(contents, settings), FindRepeatedCodes(contents)};
-}
-
-void Append(std::vector<std::string> more, std::vector<std::string>& all) {
-  all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
-}
-
-std::vector<std::string> WarningsOf(const QuerySettings& settings, const FolderFacts& facts,
+std::vector<std::string> WarningsOf(const QuerySettings& settings, const ListingFacts& facts,
                                     const LibraryRun& run) {
-  std::vector<std::string> warnings = WarnOfPacks(facts.pack);
+  std::vector<std::string> warnings = OrderTexts(settings, facts, run.records);
   if (run.code != QueryCode::Completed) return warnings;
-  Append(WarnOfRepeatedCodes(facts.repeatedCodes, run.records), warnings);
-  Append(WarnOfEqualVersions(settings, run.records), warnings);
-  Append(WarnOfUnknownIds(settings, run.records), warnings);
+  std::vector<std::string> ids = WarnOfUnknownIds(settings, run.records);
+  warnings.insert(warnings.end(), std::make_move_iterator(ids.begin()),
+                  std::make_move_iterator(ids.end()));
   return warnings;
 }
 
@@ -69,7 +55,7 @@ std::string Render(const QueryOptions& options, const QueryAnswer& answer) {
   }
 }
 
-int Query(const QueryOptions& options, const FolderFacts& facts,
+int Query(const QueryOptions& options, const ListingFacts& facts,
           std::optional<FolderContents> contents) {
   const LibraryRun run = RunLibrary(options.query, std::move(contents));
   if (!options.display.quiet) ReportLostLogRecords();
@@ -98,7 +84,7 @@ int QueryFolder(const QueryOptions& options) {
       return RefuseHazard(options, *hazard);
     }
   }
-  const FolderFacts facts = FactsOf(contents, options.query);
+  const ListingFacts facts = ListingFactsOf(contents, options.query);
   // A query that is trusted reads the folder by itself, so that its log names the file at which it
   // hangs.
   if (options.trust) return Query(options, facts, std::nullopt);

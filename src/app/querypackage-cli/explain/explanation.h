@@ -133,7 +133,9 @@ struct Explanation {
   QuerySettings query;
   std::string packageId;
   int returnCode = QueryCode::Completed;
-  std::string packText;        // which pack is in use, or why none is: one sentence
+  std::string packText;  // which pack is in use, or why none is: one sentence
+  // Why the answer depends on the order in which the system lists the folder; without full stops.
+  std::vector<std::string> warnings;
   bool folderChanged = false;  // between the query and the look at the descriptors
   std::vector<PackageExplanation> packages;
   std::vector<std::string> nearest;    // codes like the id, where nothing in the folder has it

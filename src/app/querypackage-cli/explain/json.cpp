@@ -183,6 +183,7 @@ Json ExplanationDocument(const Explanation& explanation) {
   document["absenceWayOut"] = explanation.absenceRemedies.code.empty()
                                   ? Json()
                                   : RemediesObject(explanation.query, explanation.absenceRemedies);
+  document["warnings"] = explanation.warnings;
   return document;
 }
 

@@ -63,6 +63,7 @@ class Writer {
     }
     if (!explanation.absence.empty()) WriteAbsence(explanation);
     if (explanation.packages.empty() && explanation.absence.empty()) WriteUnknown(explanation);
+    for (const std::string& warning : explanation.warnings) Line(0, "Warning: " + warning + '.');
   }
 
  private:

@@ -15,6 +15,7 @@
 #include "model/edit_distance.h"
 #include "model/literals.h"
 #include "output/wording.h"
+#include "query/driver_overlap.h"
 #include "text/letter_case.h"
 
 namespace Vornik::Cli {
@@ -118,6 +119,32 @@ std::vector<std::string> CompetingFiles(Iterator begin, Iterator end) {
   return files;
 }
 
+// One reason for which an answer depends on the order.
+struct OrderKind {
+  const char* noun;  // of what each warning is about
+  OrderWarnings (*warn)(const QuerySettings& settings, const ListingFacts& facts,
+                        const std::vector<QueryPackageResult>& records);
+};
+
+const OrderKind orderKinds[] = {
+    {"pack",
+     [](const auto&, const ListingFacts& facts, const auto&) { return WarnOfPacks(facts.pack); }},
+    {"package",
+     [](const auto&, const ListingFacts& facts, const std::vector<QueryPackageResult>& records) {
+       return WarnOfRepeatedCodes(facts.repeatedCodes, records);
+     }},
+    {"pair",
+     [](const QuerySettings& settings, const auto&,
+        const std::vector<QueryPackageResult>& records) {
+       return WarnOfEqualVersions(settings, records);
+     }},
+    {"group",
+     [](const QuerySettings& settings, const auto&,
+        const std::vector<QueryPackageResult>& records) {
+       return WarnOfDriverOverlap(settings, records);
+     }},
+};
+
 }  // namespace
 
 std::vector<std::string> WarnOfUnknownIds(const QuerySettings& settings,
@@ -131,12 +158,16 @@ std::vector<std::string> WarnOfUnknownIds(const QuerySettings& settings,
   return Few(std::move(warnings), "id");
 }
 
-std::vector<std::string> WarnOfPacks(const PackSummary& summary) {
+bool OrderWarning::Concerns(const std::string& code) const {
+  return codes.empty() || std::find(codes.begin(), codes.end(), code) != codes.end();
+}
+
+OrderWarnings WarnOfPacks(const PackSummary& summary) {
   if (summary.rivals.empty()) return {};
-  return {
-      fmt::format("which pack is used depends on the order in which the system lists the "
-                  "folder: {} and {} apply to the machine",
-                  summary.file, BriefList(summary.rivals))};
+  return {{fmt::format("which pack is used depends on the order in which the system lists the "
+                       "folder: {} and {} apply to the machine",
+                       summary.file, BriefList(summary.rivals)),
+           {}}};
 }
 
 RepeatedCodes FindRepeatedCodes(const FolderContents& contents) {
@@ -155,43 +186,80 @@ RepeatedCodes FindRepeatedCodes(const FolderContents& contents) {
   return repeated;
 }
 
-std::vector<std::string> WarnOfRepeatedCodes(const RepeatedCodes& codes,
-                                             const std::vector<QueryPackageResult>& records) {
-  std::vector<std::string> warnings;
+OrderWarnings WarnOfRepeatedCodes(const RepeatedCodes& codes,
+                                  const std::vector<QueryPackageResult>& records) {
+  OrderWarnings warnings;
   if (codes.empty()) return warnings;
   for (const QueryPackageResult& record : records) {
-    const auto found = codes.find(record.identificationCode);
+    const std::string& code = record.identificationCode;
+    const auto found = codes.find(code);
     if (found == codes.end()) continue;
-    warnings.push_back(fmt::format(
-        "which descriptor of {} counts depends on the order in which the system lists the folder: "
-        "it is in {}, with different properties",
-        CodeText(record.identificationCode), BriefList(found->second)));
+    warnings.push_back(
+        {fmt::format("which descriptor of {} counts depends on the order in which the system lists "
+                     "the folder: it is in {}, with different properties",
+                     CodeText(code), BriefList(found->second)),
+         {code}});
   }
-  return Few(std::move(warnings), "package");
+  return warnings;
 }
 
-std::vector<std::string> WarnOfEqualVersions(const QuerySettings& settings,
-                                             const std::vector<QueryPackageResult>& records) {
-  std::vector<std::string> warnings;
+OrderWarnings WarnOfEqualVersions(const QuerySettings& settings,
+                                  const std::vector<QueryPackageResult>& records) {
+  OrderWarnings warnings;
   if (!settings.supersedeFilter) return warnings;
   const LocaleFold fold;
   const std::vector<std::optional<Vornik::CodeList>> noLists(records.size());
   const Supersedence result =
       ResolveSupersedence({records, noLists, settings.excludePackageIds, fold});
   ForEachRanking(result, [&](const RecordGroup& ranking) {
-    const QueryPackageResult& kept = records[ranking.back()];
-    const QueryPackageResult& next = records[ranking[ranking.size() - 2]];
+    const std::string version = ComparedVersion(records[ranking.back()], fold);
     // The members of a pack are in the document's order, before the individual descriptors.
     const auto individuals =
         std::count_if(ranking.begin(), ranking.end(),
                       [&records](RecordIndex i) { return records[i].kovuXmlFile.empty(); });
-    if (individuals < 2 || ComparedVersion(kept, fold) != ComparedVersion(next, fold)) return;
-    warnings.push_back(fmt::format(
-        "which of {} and {} is kept can depend on the order in which the system lists the folder: "
-        "they share a driver file, and their versions are equal",
-        CodeText(kept.identificationCode), CodeText(next.identificationCode)));
+    std::vector<std::string> codes;
+    for (auto i = ranking.rbegin(); i != ranking.rend(); ++i) {
+      if (ComparedVersion(records[*i], fold) != version) break;
+      codes.push_back(records[*i].identificationCode);
+    }
+    if (individuals < 2 || codes.size() < 2) return;
+    warnings.push_back(
+        {fmt::format("which of {} and {} is kept can depend on the order in which the system lists "
+                     "the folder: they share a driver file, and their versions are equal",
+                     CodeText(codes[0]), CodeText(codes[1])),
+         codes});
   });
-  return Few(std::move(warnings), "pair");
+  return warnings;
+}
+
+ListingFacts ListingFactsOf(const FolderContents& contents, const QuerySettings& settings) {
+  return {SummarizePacks(contents, settings), FindRepeatedCodes(contents)};
+}
+
+OrderWarnings WarnOfOrder(const QuerySettings& settings, const ListingFacts& facts,
+                          const std::vector<QueryPackageResult>& records) {
+  OrderWarnings warnings;
+  for (const OrderKind& kind : orderKinds) {
+    for (OrderWarning& one : kind.warn(settings, facts, records)) {
+      warnings.push_back(std::move(one));
+    }
+  }
+  return warnings;
+}
+
+std::vector<std::string> OrderTexts(const QuerySettings& settings, const ListingFacts& facts,
+                                    const std::vector<QueryPackageResult>& records) {
+  std::vector<std::string> all;
+  for (const OrderKind& kind : orderKinds) {
+    std::vector<std::string> texts;
+    for (OrderWarning& one : kind.warn(settings, facts, records)) {
+      texts.push_back(std::move(one.text));
+    }
+    texts = Few(std::move(texts), kind.noun);
+    all.insert(all.end(), std::make_move_iterator(texts.begin()),
+               std::make_move_iterator(texts.end()));
+  }
+  return all;
 }
 
 }  // namespace Vornik::Cli

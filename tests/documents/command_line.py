@@ -92,8 +92,9 @@ class Program:
     def options(self, *subcommand):
         return set(re.findall(r"^ +(?:-h,)?(--[a-z][a-z-]*)", self.run(*subcommand, "--help"), re.M))
 
-    def statuses(self):
-        return set(re.findall(r"^  (\d+) ", self.run("--help").partition("Exit status:")[2], re.M))
+    def statuses(self, subcommand):
+        text = self.run(subcommand, "--help").partition("Exit status:")[2]
+        return set(re.findall(r"^  (\d+) ", text, re.M))
 
     def document(self, *arguments):
         return json.loads(self.run(*arguments, "--format", "json"))
@@ -120,6 +121,16 @@ def compare_options(compare, document, program):
     general = options_in(section(document, "## Options").partition("`query` and `explain` take")[0])
     top = {line for line in program.options() if line in {"--help", "--version"}}
     compare.equal("general option", general, top)
+
+
+def compare_statuses(compare, document, program):
+    rows = [[cell.strip() for cell in row.split("|")[1:-1]]
+            for row in section(document, "## Exit statuses").splitlines() if row.startswith("| ")]
+    subcommands = [WORD.findall(cell)[0] for cell in rows[0][1:]]
+    compare.equal("subcommand with exit statuses", set(subcommands), set(documented_options(document)))
+    for column, subcommand in enumerate(subcommands, 1):
+        used = {row[0] for row in rows[1:] if row[column] and not row[column].startswith("Not used")}
+        compare.equal(f"exit status of {subcommand}", used, program.statuses(subcommand))
 
 
 def compare_json(compare, document, program, repository):
@@ -176,8 +187,7 @@ def main(document_path, program_path, repository, sources):
     program = Program(program_path)
     compare = Comparison()
     compare_options(compare, document, program)
-    statuses = first_cells(section(document, "## Exit statuses"))
-    compare.equal("exit status", set(re.findall(r"\d+", " ".join(statuses))), program.statuses())
+    compare_statuses(compare, document, program)
     given = compare_json(compare, document, program, repository)
     compare_reasons(compare, document, given, sources)
     return 1 if compare.failed else 0

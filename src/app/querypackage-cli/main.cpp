@@ -26,29 +26,8 @@ namespace Vornik::Cli {
 
 namespace {
 
-constexpr const char* closingHelp = R"(Exit status:
-  0   The query ran: the verdicts are printed. list: the folder is listed. matrix: the matrix is
-      printed. explain: the package is explained. lint: no finding is severe enough to fail on.
-      check: there is no descriptor of status 65.
-  1   explain: nothing in the folder is known by the id. lint: there are findings to fail on.
-      matrix: no machine gets some package, with --fail-on unreachable.
-  2   The query was refused: FOLDER is no folder, the machine type is not four digits, the
-      operating system or the architecture is 0, or an id is both included and excluded.
-  3   The folder could not be read to its end.
-  4   The folder gives no package for this machine. explain says why, and ends with 0 or 1.
-      list: no file of the folder is a package descriptor that can be read.
-  10  explain --exit-code: a package is refused. Of several statuses the greatest counts.
-  11  explain --exit-code: a package is undecided.
-  12  explain --exit-code: an id has no package, although the folder has it.
-  13  explain --exit-code, in place of 1: nothing is known by an id.
-  64  The command line is wrong or incomplete, or the log file cannot be opened.
-  65  A descriptor that the query would reach would make it hang or end the process. --trust
-      skips this check.
-  70  An exception ended the query.
-  71  An internal error: the verdicts of a query and those that explain evaluates disagree.
-  74  Standard output could not be written.
-  130 matrix: interrupted.
-Each status but 0, 10, 11 and 12 comes with a line on standard error that says what to do.
+constexpr const char* closingHelp =
+    R"(Each status but 0, 10, 11 and 12 comes with a line on standard error that says what to do.
 
 The output is coloured on a terminal, unless NO_COLOR is set to a text that is not empty, or TERM
 is "dumb". --color decides otherwise.
@@ -100,11 +79,26 @@ void OpenClosedDescriptors() {
 
 void SetUp(CLI::App& app) {
   app.allow_windows_style_options(false);
-  app.footer(closingHelp);
   app.set_help_flag("-h,--help", "Print this help and end");
   app.set_version_flag("--version", "querypackage " QUERYPACKAGE_VERSION_STRING,
                        "Print the library's version and end");
   app.require_subcommand(1);
+}
+
+// The lines of a subcommand's closing help that say how it ends.
+std::string ExitStatusesIn(const std::string& footer) {
+  const std::string heading = "Exit status:";
+  const std::size_t begin = footer.find(heading) + heading.size();
+  return footer.substr(begin, footer.find("\n\n", begin) - begin);
+}
+
+void AddClosingHelp(CLI::App& app) {
+  std::string text;
+  for (const CLI::App* command : app.get_subcommands({})) {
+    text += "Exit status of " + command->get_name() + ':' + ExitStatusesIn(command->get_footer()) +
+            "\n\n";
+  }
+  app.footer(text + closingHelp);
 }
 
 int Run(int argc, char** argv) {
@@ -117,6 +111,7 @@ int Run(int argc, char** argv) {
   AddExplainCommand(app, chosen);
   AddLintCommand(app, chosen);
   AddCheckCommand(app, chosen);
+  AddClosingHelp(app);
   std::vector<std::string> arguments = ArgumentsOf(argc, argv);
   if (const auto wrong = FindWrongSubcommand(app, arguments)) return FailOnUsage(*wrong);
   std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the end

@@ -1,4 +1,6 @@
 // The command line of lint: options, exit statuses and what is said where.
+#include <boost/filesystem/operations.hpp>
+
 #include "lint/lint_fixture.h"
 
 namespace Vornik::Testing {
@@ -52,6 +54,32 @@ TEST_F(LintCommandTest, InfoFailsAndNeverDoesNot) {
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
   EXPECT_THAT(outcome.out, HasSubstr("[payload-missing]"));
+}
+
+TEST_F(LintCommandTest, QuietTextHasTheFindingsAlone) {
+  WriteError();
+  const std::string whole = Lint().out;
+  const Outcome outcome = Lint({"--quiet"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(LinesOf(outcome.out).size(), 2U) << outcome.out;
+  EXPECT_THAT(whole, StartsWith(outcome.out));
+  EXPECT_EQ(LinesOf(outcome.err).size(), 1U) << "what to do is no note";
+  EXPECT_EQ(Lint({"--quiet", "--ignore", "payload-missing"}).out, "");
+  EXPECT_EQ(Lint({"--quiet", "--format", "json"}).out, Lint({"--format", "json"}).out);
+
+  const std::string baseline = folder.Path() + ".baseline";
+  EXPECT_EQ(Lint({"--quiet", "--write-baseline", baseline}).status, 0);
+  EXPECT_EQ(Lint({"--quiet", "--baseline", baseline}).out, "");
+  boost::filesystem::remove(baseline);
+}
+
+TEST_F(LintCommandTest, HelpNamesTheFilesInItsExitStatuses) {
+  const std::string statuses = RunCli({"help", "lint"}).out;
+  for (const char* part : {"  2   FOLDER is not a folder, or a FILE is not in it.",
+                           "the file of --baseline cannot be read",
+                           "the file of --write-baseline, could not be written"}) {
+    EXPECT_THAT(statuses, HasSubstr(part));
+  }
 }
 
 TEST_F(LintCommandTest, OnlyTheNamedFindingsAreReportedAndCounted) {

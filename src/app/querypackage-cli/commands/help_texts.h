@@ -101,9 +101,9 @@ inline constexpr char lint[] = R"(Exit status:
   1   There are findings to fail on.
   2   FOLDER is not a folder, or a FILE is not in it.
   3   The folder could not be read to its end; the findings so far are reported.
-  64  The command line is wrong, an id is unknown, or the baseline cannot be read.
+  64  The command line is wrong, an id is unknown, or the file of --baseline cannot be read.
   70  An exception ended the program.
-  74  Standard output could not be written.
+  74  Standard output, or the file of --write-baseline, could not be written.
 
 Examples:
   querypackage-cli lint packages --fail-on warning

@@ -38,7 +38,7 @@ struct LintOptions {
   std::optional<Severity> failOn = Severity::Error;  // none: never
   std::string baseline;
   std::string newBaseline;
-  ColourChoice colour = ColourChoice::Auto;
+  DisplayOptions display;
   const LintRule* explained = nullptr;
 };
 
@@ -51,7 +51,7 @@ std::string Render(const LintResult& result, const LintOptions& options) {
     case LintFormat::Text:
       break;
   }
-  return LintText(result, WantsColour(options.colour));
+  return LintText(result, options.display.quiet, WantsColour(options.display.colour));
 }
 
 bool Fails(const LintCounts& counts, std::optional<Severity> failOn) {
@@ -232,7 +232,7 @@ void AddLintCommand(CLI::App& app, std::function<int()>& chosen) {
          "Id of a finding to report; others are omitted. Repeatable");
   AddBaselines(*command, *options);
   AddExplained(*command, options->explained);
-  AddColour(*command, options->colour);
+  AddDisplay(*command, options->display);
   command->footer(HelpText::lint);
   command->callback([options, folder, &chosen] {
     if (folder->count() == 0 && options->explained == nullptr) {

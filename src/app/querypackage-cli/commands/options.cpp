@@ -68,6 +68,19 @@ void AddFilterOption(CLI::App& command, const FilterSetting& setting,
       setting.help);
 }
 
+void AddColour(CLI::App& command, ColourChoice& colour) {
+  command
+      .add_option_function<std::string>(
+          "--color",
+          [&colour](const std::string& name) {
+            if (name == "always") colour = ColourChoice::Always;
+            if (name == "never") colour = ColourChoice::Never;
+          },
+          "auto (default): on a terminal, always, or never")
+      ->check(CLI::IsMember({"auto", "always", "never"}))
+      ->type_name("WHEN");
+}
+
 }  // namespace
 
 CLI::Option* AddFolder(CLI::App& command, std::string& folder) {
@@ -165,19 +178,6 @@ void AddLogOptions(CLI::App& command, LogOptions& log) {
           "File to append log records to, in an existing folder other than\nFOLDER, renamed when "
           "it holds 100 MiB; without it they go to\nstandard error")
       ->type_name("FILE");
-}
-
-void AddColour(CLI::App& command, ColourChoice& colour) {
-  command
-      .add_option_function<std::string>(
-          "--color",
-          [&colour](const std::string& name) {
-            if (name == "always") colour = ColourChoice::Always;
-            if (name == "never") colour = ColourChoice::Never;
-          },
-          "auto (default): on a terminal, always, or never")
-      ->check(CLI::IsMember({"auto", "always", "never"}))
-      ->type_name("WHEN");
 }
 
 void AddDisplay(CLI::App& command, DisplayOptions& display) {

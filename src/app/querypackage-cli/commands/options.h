@@ -57,9 +57,6 @@ void AddRepeated(CLI::App& command, const std::string& name, const std::string& 
 void AddFormat(CLI::App& command, Format& format);
 // The level that log has is the default.
 void AddLogOptions(CLI::App& command, LogOptions& log);
-void AddColour(CLI::App& command, ColourChoice& colour);
-
-// Both of them.
 void AddDisplay(CLI::App& command, DisplayOptions& display);
 void AddTrust(CLI::App& command, bool& trust);
 

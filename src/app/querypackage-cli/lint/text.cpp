@@ -80,7 +80,7 @@ std::string TargetText(LintTarget target) {
 
 }  // namespace
 
-std::string LintText(const LintResult& result, bool colour) {
+std::string LintText(const LintResult& result, bool quiet, bool colour) {
   std::string out;
   for (const LintFinding& finding : result.findings) {
     const LintRule& rule = RuleOf(finding.id);
@@ -90,6 +90,7 @@ std::string LintText(const LintResult& result, bool colour) {
                        Printable(finding.text), rule.name, rule.remedy);
     out += AlsoText(finding, result.settings.folder);
   }
+  if (quiet) return out;
   return out + SummaryText(result) + BaselineText(result) +
          fmt::format("{} in {}{}.\n", CountsText(CountBySeverity(result.findings)),
                      Count(result.files, "descriptor file"), TargetText(result.settings.target));

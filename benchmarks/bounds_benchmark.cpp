@@ -74,7 +74,8 @@ class Bounds {
                                             [this] { SecondQuery(); },
                                             [this] { HostileFolders(); },
                                             [this] { Program(); },
-                                            [this] { GrowthOfProgram(); }};
+                                            [this] { GrowthOfProgram(); },
+                                            [this] { MachinesOfMatrix(); }};
     std::size_t number = 0;
     for (const auto& group : groups) {
       if (++number == options_.row || options_.row == 0) group();
@@ -349,6 +350,48 @@ class Bounds {
               [&] { return perPackage(small, options_.size); }),
           1.25);
     }
+  }
+
+  // A kind of machine that each package is for: their ordered lists name any architecture.
+  void MachinesOfMatrix() {
+    if (options_.program.empty()) return;
+    const Clock before = std::exchange(timingClock, Clock::Processor);
+    const TemporaryRepository repository(options_.size, DriverShape::Hundreds);
+    for (std::size_t i = 0; i < options_.size; ++i) {
+      std::string text = DescriptorOf(i, DriverShape::Hundreds);
+      const std::string named = fmt::format("<VALUE>{}</VALUE>", architecture);
+      for (std::size_t at = 0; (at = text.find(named, at)) != std::string::npos;) {
+        text.replace(at, named.size(), "<VALUE>0</VALUE>");
+      }
+      std::ofstream(fmt::format("{}/{}.xml", repository.Folder(), CodeOf(i))) << text;
+    }
+    constexpr std::size_t further = 20;
+    const double none = MedianTimeOfMatrix(repository, 1);
+    const double all = MedianTimeOfMatrix(repository, 1 + further);
+    std::vector<double> queries;
+    for (std::size_t i = 0; i < options_.pairs; ++i) queries.push_back(TimePlainQuery(repository));
+    Add("a further kind of machine of matrix / RunQuery",
+        {(all - none) / static_cast<double>(further), MedianOf(std::move(queries))}, 0.12);
+    timingClock = before;
+  }
+
+  // With next to no output: the Kovu filter refuses every package.
+  double MedianTimeOfMatrix(const TemporaryRepository& repository, std::size_t kinds) const {
+    const std::string machines = repository.Folder() + "/machines.csv";
+    std::ofstream file(machines);
+    file << "machine_type,os,arch\n";
+    for (std::size_t i = 1; i <= kinds; ++i) {
+      file << fmt::format("{},{},{}\n", machineType, operatingSystem, i);
+    }
+    file.close();
+    const Subcommand matrix{
+        "matrix",
+        {"matrix", "--machines", machines, "--format", "jsonl", "--only-offered"},
+        noBound};
+    std::vector<double> times;
+    for (std::size_t i = 0; i < options_.pairs; ++i)
+      times.push_back(TimeProgram(matrix, repository));
+    return MedianOf(std::move(times));
   }
 
   std::string program_;

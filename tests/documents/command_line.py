@@ -155,7 +155,7 @@ def compare_json(compare, document, program, repository):
     compare.contained("key of list: not documented", of_list, set(WORD.findall(listing)))
 
     matrix = section(document, "## `matrix`")
-    of_matrix = keys_of(program.document("matrix", repository, "--debug-records"))
+    of_matrix = keys_of(program.document("matrix", repository, "--with-reasons", "--debug-records"))
     compare.contained("key of matrix: documented, but not given", words_of_tables(matrix, "| Key |"),
                       of_matrix)
     compare.contained("key of matrix: not documented", of_matrix - keys,

@@ -32,12 +32,13 @@ class MatrixTest : public CliTest {
   }
 
   void WritePackageFor(const std::string& code, const std::string& type, const std::string& os) {
-    const std::string file = code + ".xml";
+    const std::string file = "p" + std::to_string(files_++) + ".xml";  // not each code is a name
     folder.Write(file, Package(code).For(type, os, "9").Set("xmlFilename", file).Individual());
     folder.Write("payload.exe", "x");
   }
 
   TempFolder other_;
+  int files_ = 0;
 };
 
 // Without the Kovu filter, which refuses each individual descriptor.
@@ -83,18 +84,18 @@ TEST_F(MatrixTest, CsvIsOneTableOfFiveSections) {
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out,
             "section,kind,machine,machine_type,os,arch,count,package,answer,refused_by,"
-            "undecided_by\n"
-            "nothing,9999/1/1,,,,,1,,refused,platform,\n"
-            "unreachable,,,,,,4,b,refused,platform,\n"
-            "machine,1234/10/9,1234/10/9,1234,10,9,2,,,,\n"
-            "machine,1234/10/9,x,1234,10,9,1,,,,\n"
-            "machine,9999/1/1,9999/1/1,9999,1,1,1,,,,\n"
-            "cell,1234/10/9,,,,,,a,offered,,\n"
-            "cell,1234/10/9,,,,,,b,refused,platform,\n"
-            "cell,9999/1/1,,,,,,a,refused,platform,\n"
-            "cell,9999/1/1,,,,,,b,refused,platform,\n");
+            "undecided_by,reason\n"
+            "nothing,9999/1/1,,,,,1,,refused,platform,,\n"
+            "unreachable,,,,,,4,b,refused,platform,,\n"
+            "machine,1234/10/9,1234/10/9,1234,10,9,2,,,,,\n"
+            "machine,1234/10/9,x,1234,10,9,1,,,,,\n"
+            "machine,9999/1/1,9999/1/1,9999,1,1,1,,,,,\n"
+            "cell,1234/10/9,,,,,,a,offered,,,\n"
+            "cell,1234/10/9,,,,,,b,refused,platform,,\n"
+            "cell,9999/1/1,,,,,,a,refused,platform,,\n"
+            "cell,9999/1/1,,,,,,b,refused,platform,,\n");
   EXPECT_THAT(MatrixOf("1234,10,9,,\n", With(noKovu, {"--format", "csv"})).out,
-              HasSubstr("\neverywhere,,,,,,1,a,,,\n"));
+              HasSubstr("\neverywhere,,,,,,1,a,,,,\n"));
 }
 
 TEST_F(MatrixTest, TextInCsvIsQuotedAndNoFormula) {
@@ -105,11 +106,11 @@ TEST_F(MatrixTest, TextInCsvIsQuotedAndNoFormula) {
       MatrixOf("1234,10,9,=cmd,\n1234,10,9,\"@x,\"\"y\",\n", With(noKovu, {"--format", "csv"}));
   const std::vector<std::string> lines = LinesOf(outcome.out);
   for (const char* line :
-       {"cell,1234/10/9,,,,,,'=1+1,offered,,", "cell,1234/10/9,,,,,,'+a,offered,,",
-        "cell,1234/10/9,,,,,,'-a,offered,,", "cell,1234/10/9,,,,,,'@a,offered,,",
-        "cell,1234/10/9,,,,,,a=b,offered,,", "cell,1234/10/9,,,,,,\"a,\"\"b\",offered,,",
-        "machine,1234/10/9,'=cmd,1234,10,9,1,,,,",
-        "machine,1234/10/9,\"'@x,\"\"y\",1234,10,9,1,,,,"}) {
+       {"cell,1234/10/9,,,,,,'=1+1,offered,,,", "cell,1234/10/9,,,,,,'+a,offered,,,",
+        "cell,1234/10/9,,,,,,'-a,offered,,,", "cell,1234/10/9,,,,,,'@a,offered,,,",
+        "cell,1234/10/9,,,,,,a=b,offered,,,", "cell,1234/10/9,,,,,,\"a,\"\"b\",offered,,,",
+        "machine,1234/10/9,'=cmd,1234,10,9,1,,,,,",
+        "machine,1234/10/9,\"'@x,\"\"y\",1234,10,9,1,,,,,"}) {
     EXPECT_THAT(lines, Contains(line));
   }
 }
@@ -195,8 +196,32 @@ TEST_F(MatrixTest, OnlyOfferedOmitsTheOtherCells) {
             "CODE  1234/10/9  1234/11/9\n"
             "a     offered    -\n");
   const std::string csv = MatrixOf(machines, With(only, {"--format", "csv"})).out;
-  EXPECT_THAT(csv, EndsWith("\ncell,1234/10/9,,,,,,a,offered,,\n"));
-  EXPECT_THAT(csv, HasSubstr("\nunreachable,,,,,,2,b,refused,platform,\n"));
+  EXPECT_THAT(csv, EndsWith("\ncell,1234/10/9,,,,,,a,offered,,,\n"));
+  EXPECT_THAT(csv, HasSubstr("\nunreachable,,,,,,2,b,refused,platform,,\n"));
+}
+
+TEST_F(MatrixTest, ReasonsAreTheWordsOfExplain) {
+  WritePackageFor("a", "1234", "10");
+  WritePackageFor("b", "5678", "10");
+  folder.Write("c.xml", Package("c").Set("supersede", {"a"}).Set("orderedOSList", {}).Individual());
+  folder.Write("k.xml", Pack({PackItself("k.xml").Set("applicableOperatingSystems", {"11"}),
+                              Package("m").Set("xmlFilename", "m.xml")}));
+  const Outcome csv = MatrixOf("1234,10,9,,\n", {"--with-reasons", "--format", "csv"});
+  const std::vector<std::string> lines = LinesOf(csv.out);
+  for (const char* line :
+       {"cell,1234/10/9,,,,,,a,refused,kovu supersede,,\"kovu notInChosenPack, supersede c\"",
+        "cell,1234/10/9,,,,,,b,refused,platform kovu,,"
+        "\"platform noEntryMatches, kovu notInChosenPack\"",
+        "cell,1234/10/9,,,,,,c,refused,kovu payloadExist,platform,"
+        "\"kovu notInChosenPack, payloadExist noXmlFilename, platform noOperatingSystems\"",
+        "cell,1234/10/9,,,,,,m,absent,,,packNotChosen"}) {
+    EXPECT_THAT(lines, Contains(line));
+  }
+  const Outcome table = MatrixOf("1234,10,9,,\n", With(noKovu, {"--with-reasons", "--quiet"}));
+  EXPECT_THAT(table.out, HasSubstr("\nb     refused: platform noEntryMatches\n"));
+  const Json document =
+      Json::parse(MatrixOf("1234,10,9,,\n", {"--with-reasons", "--format", "json"}).out);
+  EXPECT_EQ(document["kinds"][0]["packages"][3]["reason"], "packNotChosen");
 }
 
 TEST_F(MatrixTest, FailsOnUnreachablePackages) {

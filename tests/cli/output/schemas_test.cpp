@@ -38,7 +38,7 @@ TEST_F(SchemasTest, RefuseOtherMembersAndVersions) {
   const Arguments machine{"--machine-type", "1234", "--os", "10", "--arch", "9"};
   ExpectStrict("list", DocumentOf("list", {}));
   ExpectStrict("query", DocumentOf("query", machine));
-  ExpectStrict("matrix", DocumentOf("matrix", {"--debug-records"}));
+  ExpectStrict("matrix", DocumentOf("matrix", {"--with-reasons", "--debug-records"}));
   Arguments package = machine;
   package.insert(package.end(), {"--package", "a"});
   ExpectStrict("explain", DocumentOf("explain", package));

@@ -23,6 +23,7 @@
 #include "lint/json.h"
 #include "lint/lint.h"
 #include "lint/text.h"
+#include "output/progress.h"
 #include "output/terminal.h"
 
 namespace Vornik::Cli {
@@ -121,11 +122,17 @@ int WriteBaseline(const LintResult& result, const std::string& path) {
               fmt::format("the baseline \"{}\" could not be written: check where it goes", path));
 }
 
+LintResult LintWithProgress(const LintSettings& settings) {
+  Progress progress("files", true);
+  return Lint(settings,
+              [&progress](std::size_t done, std::size_t total) { progress.Show(done, total); });
+}
+
 int LintFolderOf(LintOptions options) {
   if (!IsFolder(options.lint.folder)) return FailOnFolder(options.lint.folder);
   if (const auto status = SelectFiles(options)) return *status;
   if (const auto status = ReadBaseline(options)) return *status;
-  const LintResult result = Lint(options.lint);
+  const LintResult result = LintWithProgress(options.lint);
   if (!Print(Render(result, options))) return FailToPrint();
   if (options.newBaseline.empty() || result.walkFailure) return StatusOf(result, options.failOn);
   return WriteBaseline(result, options.newBaseline);

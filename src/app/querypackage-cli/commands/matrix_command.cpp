@@ -42,6 +42,7 @@ struct MatrixOptions {
   std::vector<std::string> packages;  // patterns; none: all
   std::vector<std::string> machines;
   bool onlyOffered = false;
+  bool withReasons = false;
   bool failsOnUnreachable = false;
   bool debugRecords = false;
   DisplayOptions display;
@@ -155,13 +156,14 @@ class BufferedOutput {
 std::optional<int> PrintTable(const MatrixOptions& options, const MatrixReport& report) {
   if (!options.display.quiet && !Print(MatrixSummaryText(report) + '\n')) return FailToPrint();
   const std::optional<std::size_t> width = OutputWidth();
-  const std::size_t needed = width ? MatrixTableWidth(report) : 0;
+  const std::size_t needed = width ? MatrixTableWidth(report, *width) : 0;
   if (width && needed > *width) {
     return Fail(
         ExitStatus::usage,
-        fmt::format("the table of {} needs {} columns of the terminal, which has {}: narrow "
-                    "it with --machine, or use --format csv",
-                    Count(report.machines.Kinds().size(), "kind"), needed, *width));
+        fmt::format(
+            "the table of {} needs at least {} columns of the terminal, which has {}: narrow "
+            "it with --machine, or use --format csv",
+            Count(report.machines.Kinds().size(), "kind"), needed, *width));
   }
   if (!Print(MatrixTable(report, WantsColour(options.display.colour)))) return FailToPrint();
   return std::nullopt;
@@ -182,6 +184,7 @@ std::optional<int> PrintReport(const MatrixOptions& options, const MatrixReport&
 Matrix EvaluateAll(const MatrixOptions& options, QueryModel& model, const MachineList& machines) {
   Progress progress("kinds of machines", !options.display.quiet);
   MatrixRequest request{options.query, machines.Kinds()};
+  request.keepsReasons = options.withReasons;
   request.keepsRecords = options.debugRecords;
   request.threads = std::min(2U, std::thread::hardware_concurrency());
   if (!options.packages.empty()) {
@@ -207,8 +210,9 @@ int PrintMatrix(const MatrixOptions& options, QueryModel& model, const MachineLi
                : Fail(ExitStatus::usage, "no package of the folder matches --package");
   }
   const MatrixSummary summary = Summarize(matrix, machines.Kinds());
-  const MatrixReport report{options.query,       machines, matrix, summary, options.onlyOffered,
-                            options.debugRecords};
+  const MatrixReport report{
+      options.query,       machines, matrix, summary, options.onlyOffered, options.withReasons,
+      options.debugRecords};
   if (const auto status = PrintReport(options, report)) return *status;
   if (!options.failsOnUnreachable || summary.unreachable.empty()) return ExitStatus::success;
   return Fail(ExitStatus::negative,
@@ -344,6 +348,8 @@ void AddMatrixCommand(CLI::App& app, std::function<int()>& chosen) {
               "Repeatable; without it all are shown");
   command->add_flag("--only-offered", options->onlyOffered,
                     "Of the packages only those that a machine is offered");
+  command->add_flag("--with-reasons", options->withReasons,
+                    "Add to each cell why the filters refuse, in the words of explain");
   AddFailOn(*command, options->failsOnUnreachable);
   command->add_flag("--debug-records", options->debugRecords,
                     "Add the records of each kind of machine to json and jsonl");

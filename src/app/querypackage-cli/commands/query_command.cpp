@@ -14,6 +14,7 @@
 #include "commands/query_view_options.h"
 #include "model/folder_reading.h"
 #include "model/library_run.h"
+#include "output/progress.h"
 #include "output/terminal.h"
 #include "query/output.h"
 #include "query/warnings.h"
@@ -77,8 +78,15 @@ int RefuseHazard(const QueryOptions& options, const Hazard& hazard) {
   return FailOnHazard(hazard);
 }
 
+FolderContents ReadWithProgress(const QueryOptions& options) {
+  Progress progress("files", !options.display.quiet);
+  return ReadContentsOf(options.query, [&progress](std::size_t done, std::size_t total) {
+    progress.Show(done, total);
+  });
+}
+
 int QueryFolder(const QueryOptions& options) {
-  FolderContents contents = ReadContentsOf(options.query);
+  FolderContents contents = ReadWithProgress(options);
   if (!options.trust) {
     if (const auto hazard = FindHazard(options.query, contents)) {
       return RefuseHazard(options, *hazard);

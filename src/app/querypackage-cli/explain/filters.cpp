@@ -209,12 +209,18 @@ std::vector<Repeat> RepeatsOf(const PackageContext& package) {
   return repeats;
 }
 
+const char* KovuReason(const QueryPackageResult& record) {
+  if (record.kovuXmlFile.empty()) return "notInChosenPack";
+  return record.kovuName.empty() ? "packWithoutName" : "inChosenPack";
+}
+
 FilterExplanation ExplainKovu(const PackageContext& package) {
   FilterExplanation explanation = BeginExplanation(FilterId::Kovu, package);
   if (!explanation.runs) return ExplainOff(explanation);
   const QueryPackageResult& record = package.Record();
+  const char* const reason = KovuReason(record);
   if (record.kovuXmlFile.empty()) {
-    SetReason(explanation, "notInChosenPack",
+    SetReason(explanation, reason,
               "It was found as an individual descriptor only, not in a pack that is in use.");
     AddPacksOf(explanation, package);
     if (explanation.details.empty()) explanation.details.emplace_back("No pack lists it.");
@@ -223,10 +229,10 @@ FilterExplanation ExplainKovu(const PackageContext& package) {
   explanation.file = record.kovuXmlFile;
   if (record.kovuName.empty()) {
     return SetReason(
-        explanation, "packWithoutName",
+        explanation, reason,
         "The file name of its pack is an extension alone, so that the pack has no name.");
   }
-  return SetReason(explanation, "inChosenPack",
+  return SetReason(explanation, reason,
                    fmt::format("It comes from {}, the pack in use.", record.kovuXmlFile));
 }
 

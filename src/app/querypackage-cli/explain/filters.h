@@ -44,6 +44,9 @@ FilterExplanation ExplainInclude(const PackageContext& package);
 FilterExplanation ExplainExclude(const PackageContext& package);
 FilterExplanation ExplainUpdateType(const PackageContext& package);
 
+// The reason word of the Kovu filter, which needs only the record.
+const char* KovuReason(const QueryPackageResult& record);
+
 // The descriptors that were dropped because they repeat the package's code.
 std::vector<Repeat> RepeatsOf(const PackageContext& package);
 

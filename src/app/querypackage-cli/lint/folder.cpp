@@ -112,7 +112,8 @@ void ReadDescriptor(const DescriptorFile& file, LintFolder& folder, LintReport& 
 
 }  // namespace
 
-LintFolder ReadLintFolder(const std::string& path, LintTarget target, LintReport& report) {
+LintFolder ReadLintFolder(const std::string& path, LintTarget target, LintReport& report,
+                          const ReadingProgress& progress) {
   LintFolder folder;
   folder.path = path;
   folder.target = target;
@@ -121,6 +122,7 @@ LintFolder ReadLintFolder(const std::string& path, LintTarget target, LintReport
     for (const DescriptorFile& file : files) {
       folder.files.push_back(file.name);
       ReadDescriptor(file, folder, report);
+      if (progress != nullptr) progress(folder.files.size(), files.size());
     }
   } catch (const boost::system::system_error& error) {
     folder.walkFailure = error.what();  // as it ends a query

@@ -11,6 +11,7 @@
 #include "lint/package.h"
 #include "lint/report.h"
 #include "lint/target.h"
+#include "model/reading_progress.h"
 
 namespace Vornik::Cli {
 
@@ -45,7 +46,8 @@ struct LintFolder {
 };
 
 // Also reports what is wrong with a file or a document as a whole.
-LintFolder ReadLintFolder(const std::string& path, LintTarget target, LintReport& report);
+LintFolder ReadLintFolder(const std::string& path, LintTarget target, LintReport& report,
+                          const ReadingProgress& progress);
 
 // All that are meant to be packages, those of packs first.
 std::vector<const LintPackage*> AllPackages(const LintFolder& folder);

@@ -58,9 +58,9 @@ void ApplyBaseline(LintResult& result) {
 
 }  // namespace
 
-LintResult Lint(const LintSettings& settings) {
+LintResult Lint(const LintSettings& settings, const ReadingProgress& progress) {
   LintReport report(UnwantedIds(settings));
-  const LintFolder folder = ReadLintFolder(settings.folder, settings.target, report);
+  const LintFolder folder = ReadLintFolder(settings.folder, settings.target, report, progress);
   for (const auto check :
        {CheckFileNames, CheckProperties, CheckPropertyNames, CheckCodes, CheckPlatforms, CheckReach,
         CheckDriverFiles, CheckVersions, CheckSupersedeLists, CheckRequirements, CheckPacks,

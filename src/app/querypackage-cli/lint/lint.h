@@ -12,6 +12,7 @@
 #include "lint/baseline.h"
 #include "lint/report.h"
 #include "lint/target.h"
+#include "model/reading_progress.h"
 
 namespace Vornik::Cli {
 
@@ -33,8 +34,9 @@ struct LintResult {
   LintBaseline fixed = {};                 // of the baseline, what the folder no longer has
 };
 
-// Nothing in the folder hangs or aborts it. Throws std::bad_alloc only.
-LintResult Lint(const LintSettings& settings);
+// Nothing in the folder hangs or aborts it. Throws std::bad_alloc, and what progress throws, which
+// may be null.
+LintResult Lint(const LintSettings& settings, const ReadingProgress& progress = nullptr);
 
 }  // namespace Vornik::Cli
 

@@ -20,6 +20,7 @@ struct CsvRow {
   std::optional<std::uint64_t> count = std::nullopt;
   const std::string* package = nullptr;
   const MatrixCell* cell = nullptr;
+  const std::string* reason = nullptr;
 };
 
 std::string NamesOf(const std::vector<FilterId>& filters) {
@@ -31,9 +32,9 @@ std::string NamesOf(const std::vector<FilterId>& filters) {
   return names;
 }
 
-const char* const columns[] = {"section", "kind",       "machine",     "machine_type",
-                               "os",      "arch",       "count",       "package",
-                               "answer",  "refused_by", "undecided_by"};
+const char* const columns[] = {"section", "kind",       "machine",      "machine_type",
+                               "os",      "arch",       "count",        "package",
+                               "answer",  "refused_by", "undecided_by", "reason"};
 
 std::vector<std::string> FieldsOf(const MachineKind& kind) {
   return {kind.machine.machineType,
@@ -56,6 +57,7 @@ std::string LineOf(const CsvRow& row) {
   fields.push_back(row.count ? std::to_string(*row.count) : "");
   fields.push_back(row.package == nullptr ? "" : AsPlainText(*row.package));
   add(row.cell == nullptr ? std::vector<std::string>(3) : FieldsOf(*row.cell));
+  fields.push_back(row.reason == nullptr ? "" : *row.reason);
   return CsvLine(fields);
 }
 
@@ -65,26 +67,30 @@ std::string SummaryLines(const MatrixReport& report) {
   std::string lines = CsvLine({std::begin(columns), std::end(columns)});
   for (const MatrixSummary::Nothing& nothing : report.summary.nothing) {
     const MachineKind& kind = kinds[nothing.kind];
-    lines += LineOf({"nothing", &kind, nullptr, kind.machines, nullptr, &nothing.commonest.cell});
+    lines += LineOf(
+        {"nothing", &kind, nullptr, kind.machines, nullptr, &nothing.commonest.cell, nullptr});
   }
   for (const MatrixSummary::Unreachable& unreachable : report.summary.unreachable) {
     lines += LineOf({"unreachable", nullptr, nullptr, unreachable.commonest.count,
-                     &packages[unreachable.package], &unreachable.commonest.cell});
+                     &packages[unreachable.package], &unreachable.commonest.cell, nullptr});
   }
   for (const std::size_t package : report.summary.everywhere) {
-    lines += LineOf(
-        {"everywhere", nullptr, nullptr, report.summary.machines, &packages[package], nullptr});
+    lines += LineOf({"everywhere", nullptr, nullptr, report.summary.machines, &packages[package],
+                     nullptr, nullptr});
   }
   return lines;
 }
 
-std::string CellLines(const MatrixReport& report, std::size_t kind) {
-  const std::vector<MatrixCell>& cells = report.matrix.kinds[kind].cells;
+std::string CellLines(const MatrixReport& report, std::size_t index) {
+  const MachineKind& kind = report.machines.Kinds()[index];
+  const KindResult& result = report.matrix.kinds[index];
   std::string lines;
-  for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (report.onlyOffered && !cells[i].IsOffered()) continue;
-    lines += LineOf({"cell", &report.machines.Kinds()[kind], nullptr, std::nullopt,
-                     &report.matrix.packages[i], &cells[i]});
+  for (std::size_t i = 0; i < result.cells.size(); ++i) {
+    const MatrixCell& cell = result.cells[i];
+    if (report.onlyOffered && !cell.IsOffered()) continue;
+    const std::string* reason = report.withReasons ? &result.reasons[result.reasonOf[i]] : nullptr;
+    lines +=
+        LineOf({"cell", &kind, nullptr, std::nullopt, &report.matrix.packages[i], &cell, reason});
   }
   return lines;
 }

@@ -68,6 +68,7 @@ Json KindObject(const MatrixReport& report, std::size_t index) {
     if (report.onlyOffered && !result.cells[i].IsOffered()) continue;
     Json& package = packages.emplace_back(Json{{"identificationCode", report.matrix.packages[i]}});
     AddCell(result.cells[i], package);
+    if (report.withReasons) package["reason"] = result.reasons[result.reasonOf[i]];
   }
   Json object{{"kind", kind.name},
               {"machineType", kind.machine.machineType},

@@ -12,7 +12,9 @@
 #include <tuple>
 #include <utility>
 
+#include "matrix/reasons.h"
 #include "model/machines.h"
+#include "model/property_places.h"
 
 namespace Vornik::Cli {
 
@@ -37,6 +39,31 @@ std::vector<FilterId> FiltersIn(std::uint16_t bits) {
   }
   return filters;
 }
+
+// Keeps each text once.
+class ReasonList {
+ public:
+  explicit ReasonList(std::size_t packages) : reasonOf_(packages, Add(reasonOfAbsence)) {}
+
+  void Set(std::size_t package, const std::string& reason) { reasonOf_[package] = Add(reason); }
+
+  void MoveTo(KindResult& result) {
+    result.reasons = std::move(reasons_);
+    result.reasonOf = std::move(reasonOf_);
+  }
+
+ private:
+  std::uint32_t Add(const std::string& reason) {
+    const auto [known, isNew] =
+        indices_.try_emplace(reason, static_cast<std::uint32_t>(reasons_.size()));
+    if (isNew) reasons_.push_back(reason);
+    return known->second;
+  }
+
+  std::vector<std::string> reasons_;
+  std::map<std::string, std::uint32_t> indices_;
+  std::vector<std::uint32_t> reasonOf_;
+};
 
 using PackageIndex = std::map<std::string, std::size_t>;
 
@@ -72,16 +99,25 @@ class KindEvaluator {
     }
   }
 
-  KindResult Result() const {
+  KindResult Result() {
     KindResult result;
     if (query_.records.empty()) result.returnCode = QueryCode::NoResults;
     result.cells.resize(packages_.size());
+    ReasonList reasons(packages_.size());
     for (std::size_t i = 0; i < query_.records.size(); ++i) {
       if (packageOf_[i] == noPackage) continue;
-      result.cells[packageOf_[i]] = MatrixCell(AnswerFor(query_.records[i], settings_));
+      const PackageAnswer answer = AnswerFor(query_.records[i], settings_);
+      result.cells[packageOf_[i]] = MatrixCell(answer);
+      if (request_.keepsReasons) reasons.Set(packageOf_[i], ReasonOfRecord(i, answer));
     }
+    if (request_.keepsReasons) reasons.MoveTo(result);
     if (request_.keepsRecords) result.records = query_.records;
     return result;
+  }
+
+  std::string ReasonOfRecord(std::size_t record, const PackageAnswer& answer) {
+    PropertyPlaces places = PropertyPlaces::WithoutLines();
+    return ReasonOf({settings_, model_, query_, places, record, query_.sources[record]}, answer);
   }
 
   QueryModel& model_;

@@ -41,8 +41,13 @@ class MatrixCell {
 };
 
 struct KindResult {
-  int returnCode = QueryCode::Completed;    // of a query: Completed or NoResults
-  std::vector<MatrixCell> cells;            // of each package of the matrix
+  int returnCode = QueryCode::Completed;  // of a query: Completed or NoResults
+  std::vector<MatrixCell> cells;          // of each package of the matrix
+
+  // If they were asked for, as ReasonOf returns them, each text once: most are equal.
+  std::vector<std::string> reasons;
+  std::vector<std::uint32_t> reasonOf;  // of each package the index of its reason
+
   std::vector<QueryPackageResult> records;  // if they were asked for
 };
 
@@ -54,6 +59,7 @@ struct Matrix {
 struct MatrixRequest {
   const QuerySettings& settings;  // valid but for the machine
   const std::vector<MachineKind>& kinds;
+  bool keepsReasons = false;
   bool keepsRecords = false;
   unsigned int threads = 1;
   std::function<bool(const std::string& code)> wants = nullptr;  // null: each package

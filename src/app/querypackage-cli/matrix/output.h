@@ -16,6 +16,7 @@ struct MatrixReport {
   const Matrix& matrix;
   const MatrixSummary& summary;
   bool onlyOffered = false;  // of the cells
+  bool withReasons = false;
   bool withRecords = false;  // in JSON
 };
 
@@ -34,8 +35,8 @@ std::string MatrixSummaryText(const MatrixReport& report);
 // A line for each package and a column for each kind of machine.
 std::string MatrixTable(const MatrixReport& report, bool colour);
 
-// Characters in the longest line of the table.
-std::size_t MatrixTableWidth(const MatrixReport& report);
+// Characters in the longest line of the table; of its heading, where that is over the limit.
+std::size_t MatrixTableWidth(const MatrixReport& report, std::size_t limit);
 
 }  // namespace Vornik::Cli
 

@@ -34,9 +34,12 @@ Paint PaintOf(const MatrixCell& cell) {
   return cell.RefusedBy().empty() ? Paint::Warning : Paint::Bad;
 }
 
-Cell CellOf(const MatrixCell& cell, bool onlyOffered) {
-  if (onlyOffered && !cell.IsOffered()) return {"-", Paint::Faint};
-  return {TextOf(cell), PaintOf(cell)};
+Cell CellOf(const MatrixReport& report, const KindResult& kind, std::size_t package) {
+  const MatrixCell& cell = kind.cells[package];
+  if (report.onlyOffered && !cell.IsOffered()) return {"-", Paint::Faint};
+  if (!report.withReasons || cell.IsOffered()) return {TextOf(cell), PaintOf(cell)};
+  return {Printable(fmt::format("{}: {}", cell.Name(), kind.reasons[kind.reasonOf[package]])),
+          PaintOf(cell)};
 }
 
 bool IsOfferedToAny(const MatrixReport& report, std::size_t package) {
@@ -44,16 +47,20 @@ bool IsOfferedToAny(const MatrixReport& report, std::size_t package) {
                      [package](const KindResult& kind) { return kind.cells[package].IsOffered(); });
 }
 
+Row HeadingOf(const MatrixReport& report) {
+  Row heading{{"CODE"}};
+  for (const MachineKind& kind : report.machines.Kinds()) heading.push_back({kind.name});
+  return heading;
+}
+
 std::vector<Row> RowsOf(const MatrixReport& report) {
-  std::vector<Row> rows(1);
-  rows.front().push_back({"CODE"});
-  for (const MachineKind& kind : report.machines.Kinds()) rows.front().push_back({kind.name});
+  std::vector<Row> rows{HeadingOf(report)};
   for (std::size_t i = 0; i < report.matrix.packages.size(); ++i) {
     if (report.onlyOffered && !IsOfferedToAny(report, i)) continue;
     Row& row = rows.emplace_back();
     row.push_back({Printable(CodeOrNone(report.matrix.packages[i]))});
     for (const KindResult& kind : report.matrix.kinds) {
-      row.push_back(CellOf(kind.cells[i], report.onlyOffered));
+      row.push_back(CellOf(report, kind, i));
     }
   }
   return rows;
@@ -84,6 +91,9 @@ std::string MatrixTable(const MatrixReport& report, bool colour) {
   return InColumns(RowsOf(report), colour);
 }
 
-std::size_t MatrixTableWidth(const MatrixReport& report) { return WidthInColumns(RowsOf(report)); }
+std::size_t MatrixTableWidth(const MatrixReport& report, std::size_t limit) {
+  const std::size_t heading = WidthInColumns({HeadingOf(report)});
+  return heading > limit ? heading : WidthInColumns(RowsOf(report));
+}
 
 }  // namespace Vornik::Cli

@@ -97,8 +97,8 @@ FolderContents ReadContents(const std::string& folder, const ReadingProgress& pr
   return contents;
 }
 
-FolderContents ReadContentsOf(const QuerySettings& settings) {
-  return HasValidParameters(settings) ? ReadContents(settings.folder) : FolderContents();
+FolderContents ReadContentsOf(const QuerySettings& settings, const ReadingProgress& progress) {
+  return HasValidParameters(settings) ? ReadContents(settings.folder, progress) : FolderContents();
 }
 
 FolderReading Load(FolderContents contents) {

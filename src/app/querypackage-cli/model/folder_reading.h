@@ -5,16 +5,15 @@
 #define VORNIK_CLI_MODEL_FOLDER_READING_H
 
 #include <boost/filesystem/file_status.hpp>
-#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <filesystem>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "model/query_settings.h"
+#include "model/reading_progress.h"
 #include "model/repository.h"
 #include "reading/descriptor_reading.h"
 #include "reading/folder_contents.h"
@@ -66,14 +65,12 @@ struct FolderReading {
   std::optional<std::string> walkFailure;
 };
 
-// Called after each file that is read. What it throws ends the reading.
-using ReadingProgress = std::function<void(std::size_t done, std::size_t total)>;
-
 // Throws std::bad_alloc, and what progress throws, which may be null.
 FolderContents ReadContents(const std::string& folder, const ReadingProgress& progress = nullptr);
 
 // The same for the folder of a query. Empty where the query is refused before it reads.
-FolderContents ReadContentsOf(const QuerySettings& settings);
+FolderContents ReadContentsOf(const QuerySettings& settings,
+                              const ReadingProgress& progress = nullptr);
 
 // What a query loads of it.
 FolderReading Load(FolderContents contents);

@@ -30,8 +30,15 @@ int LineIn(const PlacedPackage& package, const char* property, PropertyRead read
 
 }  // namespace
 
+PropertyPlaces PropertyPlaces::WithoutLines() {
+  PropertyPlaces places;
+  places.readsFiles_ = false;
+  return places;
+}
+
 int PropertyPlaces::LineOf(const std::string& file, const SupXmlProperties& package,
                            const char* property, PropertyRead read) {
+  if (!readsFiles_) return 0;
   if (file_ != file) {
     inspection_ = InspectDescriptor(file);
     file_ = file;

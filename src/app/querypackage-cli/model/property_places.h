@@ -17,6 +17,11 @@ enum class PropertyRead {
 
 class PropertyPlaces {
  public:
+  PropertyPlaces() = default;
+
+  // For explanations whose places nobody shows: no file is read, and each line is 0.
+  static PropertyPlaces WithoutLines();
+
   // The line of a property, counted from 1; of several with that name the one that counts, and of
   // those without a value the last. That of the package where it has no such property; 0 where the
   // file no longer has the package.
@@ -27,6 +32,7 @@ class PropertyPlaces {
   // The last file that was asked for: packages of one pack follow each other.
   std::string file_;
   DescriptorInspection inspection_;
+  bool readsFiles_ = true;
 };
 
 }  // namespace Vornik::Cli

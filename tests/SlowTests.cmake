@@ -28,6 +28,7 @@ set(querypackage_slow_tests
 # The cases of test programs that take longer than that, and the limit of each.
 set(querypackage_slow_cases
   CimXmlLoadFile.GivesWhatTinyXmlGives
+  *EditsProperty*
   LargeFileTest.*
   MatrixRandomTest.GivesEachMachineWhatItsQueryGives
   VersionRanking.LeavesTheOrderOfTheExchangeSort)

@@ -54,7 +54,15 @@ TEST_F(ExplainOutputTest, KeysHaveTheirOrder) {
               ElementsAre("code", "version", "comparedAs", "file", "isThis"));
   EXPECT_THAT(KeysOf(package["wayOut"]),
               ElementsAre("state", "code", "smallest", "searchEnded", "inTheRepository", "machines",
-                          "machinesComplete"));
+                          "machinesComplete", "repository"));
+  const Json& repository = package["wayOut"]["repository"];
+  EXPECT_THAT(KeysOf(repository),
+              ElementsAre("state", "smallest", "sparing", "searchEnded", "text"));
+  EXPECT_THAT(KeysOf(repository["smallest"][0]), ElementsAre("edits", "effects"));
+  EXPECT_THAT(KeysOf(repository["smallest"][0]["edits"][0]),
+              ElementsAre("kind", "file", "line", "property", "from", "to", "instance", "text"));
+  EXPECT_THAT(KeysOf(repository["smallest"][0]["effects"]),
+              ElementsAre("withdrawn", "offered", "machines", "complete"));
   EXPECT_THAT(KeysOf(package["wayOut"]["smallest"][0]), ElementsAre("changes", "arguments"));
   EXPECT_THAT(KeysOf(package["wayOut"]["smallest"][0]["changes"][0]),
               ElementsAre("setting", "from", "to", "text"));

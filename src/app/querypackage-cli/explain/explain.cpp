@@ -14,7 +14,6 @@
 #include "model/record_comparison.h"
 #include "output/wording.h"
 #include "remedy/offered_machines.h"
-#include "remedy/remedies.h"
 #include "text/letter_case.h"
 
 namespace Vornik::Cli {
@@ -118,13 +117,12 @@ class Explainer {
     AddAbsence();
   }
 
- private:
   void AddPackage(std::size_t index) {
     PackageExplanation package;
     package.record = records_[index];
     const std::string& code = package.record.identificationCode;
     package.otherCase = code != explanation_.packageId;
-    for (const QueryPackageResult& other : records_) {
+    for (const QueryPackageResult& other : query_.remedies->QueryOfPart(code).records) {
       if (other.identificationCode != code &&
           EqualByGlobalLocaleFold(other.identificationCode, code)) {
         package.otherSpellings.push_back(other.identificationCode);
@@ -136,15 +134,16 @@ class Explainer {
     explanation_.packages.push_back(std::move(package));
   }
 
+ private:
   void AddFilters(PackageExplanation& package) {
     const std::string& code = package.record.identificationCode;
-    const Evaluation& query = query_.evaluation;
+    const Evaluation& query = query_.remedies->QueryOfPart(code);
     const std::size_t evaluated = IndexOf(query.records, code);
     if (evaluated == query.records.size()) {
       package.filters = ExplainGone(package.record, settings_);
     } else {
-      const PackageContext context{settings_, query_.model, query,
-                                   places_,   evaluated,    query.sources[evaluated]};
+      const PackageContext context{settings_, query_.remedies->PartOf(code), query, *query_.places,
+                                   evaluated, query.sources[evaluated]};
       AddSource(context, package);
       package.filters = ExplainAll(context);
       package.repeats = RepeatsOf(context);
@@ -163,6 +162,7 @@ class Explainer {
     } else if (explanation_.folderChanged) {
       package.remedies.state = RemedyState::Unknown;
       package.remedies.searchEnded = true;
+      package.remedies.edits.state = RemedyState::Unknown;
     } else {
       package.remedies = RemediesFor(package.remedies.code);
     }
@@ -180,8 +180,9 @@ class Explainer {
   }
 
   Remedies RemediesFor(const std::string& code) {
-    Remedies remedies = FindRemedies(query_.model, settings_, code);
-    remedies.machines = FindOfferedMachines(query_.model, query_.model.Named(), settings_, code);
+    Remedies remedies = query_.remedies->Find(code);
+    remedies.machines =
+        FindOfferedMachines(query_.remedies->PartOf(code), query_.model.Named(), settings_, code);
     return remedies;
   }
 
@@ -196,8 +197,16 @@ class Explainer {
   const EvaluatedQuery& query_;
   const QuerySettings& settings_;
   const Records& records_;
-  PropertyPlaces places_;
 };
+
+Explanation BeginExplanation(const EvaluatedQuery& query, const std::string& packageId) {
+  Explanation explanation;
+  explanation.query = query.settings;
+  explanation.packageId = packageId;
+  explanation.returnCode = query.run.code;
+  explanation.folderChanged = IsExplained(query.run.code) && query.folderChanged;
+  return explanation;
+}
 
 }  // namespace
 
@@ -218,14 +227,14 @@ std::optional<std::string> FindDisagreement(const EvaluatedQuery& query) {
 }
 
 Explanation Explain(const EvaluatedQuery& query, const std::string& packageId) {
-  Explanation explanation;
-  explanation.query = query.settings;
-  explanation.packageId = packageId;
-  explanation.returnCode = query.run.code;
-  if (IsExplained(query.run.code)) {
-    explanation.folderChanged = query.folderChanged;
-    Explainer(explanation, query).Run();
-  }
+  Explanation explanation = BeginExplanation(query, packageId);
+  if (IsExplained(query.run.code)) Explainer(explanation, query).Run();
+  return explanation;
+}
+
+Explanation ExplainRecord(const EvaluatedQuery& query, std::size_t record) {
+  Explanation explanation = BeginExplanation(query, query.run.records[record].identificationCode);
+  Explainer(explanation, query).AddPackage(record);
   return explanation;
 }
 

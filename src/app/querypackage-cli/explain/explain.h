@@ -2,13 +2,17 @@
 #ifndef VORNIK_CLI_EXPLAIN_EXPLAIN_H
 #define VORNIK_CLI_EXPLAIN_EXPLAIN_H
 
+#include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "explain/explanation.h"
 #include "model/library_run.h"
+#include "model/property_places.h"
 #include "model/query_model.h"
 #include "model/query_settings.h"
+#include "remedy/remedy_finder.h"
 
 namespace Vornik::Cli {
 
@@ -19,6 +23,10 @@ struct EvaluatedQuery {
   QueryModel& model;
   const Evaluation& evaluation;
   bool folderChanged = false;  // between the reading and the end of the query
+
+  // What they find out about the folder serves all packages that are explained.
+  std::unique_ptr<PropertyPlaces> places = std::make_unique<PropertyPlaces>();
+  std::unique_ptr<RemedyFinder> remedies = std::make_unique<RemedyFinder>(model, settings, *places);
 };
 
 // The first record in which the evaluation disagrees with the query, for a person. None: they
@@ -28,6 +36,9 @@ std::optional<std::string> FindDisagreement(const EvaluatedQuery& query);
 // A query that was refused or that could not read the folder is not explained: the packages and the
 // absence stay empty.
 Explanation Explain(const EvaluatedQuery& query, const std::string& packageId);
+
+// The same for one of the query's records, at the cost of what it is connected with.
+Explanation ExplainRecord(const EvaluatedQuery& query, std::size_t record);
 
 // Whether the query came as far as its records, even if there are none.
 bool IsExplained(int returnCode);

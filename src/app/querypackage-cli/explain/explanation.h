@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,8 @@
 #include "model/machines.h"
 #include "model/query_settings.h"
 #include "output/sentence.h"
+#include "remedy/edit.h"
+#include "remedy/edit_effects.h"
 
 namespace Vornik::Cli {
 
@@ -91,7 +94,25 @@ struct OfferedMachines {
   bool isComplete = true;         // false: not all were tried
 };
 
-// Which other settings make every filter match.
+struct RepositoryRemedy {
+  Edits edits;
+  EditEffects effects;
+};
+
+// Which edits of the repository make every filter match, with the settings as they are.
+struct RepositoryRemedies {
+  RemedyState state = RemedyState::NotNeeded;
+  // Of one size, which is the number of edits. Each was evaluated.
+  std::vector<RepositoryRemedy> smallest;
+  // Where each of these withdraws something: one that withdraws nothing.
+  std::optional<RepositoryRemedy> sparing;
+  bool searchEnded = false;  // others, as small or smaller, may have been missed
+  // None found: the first filter that no edit makes match.
+  std::optional<FilterId> obstacle;
+  bool isFixed = false;  // the settings and the code alone decide
+};
+
+// Which other settings make every filter match, and which edits.
 struct Remedies {
   RemedyState state = RemedyState::None;
   std::string code;
@@ -101,6 +122,7 @@ struct Remedies {
   // What in the repository keeps a filter from matching, whatever the settings are.
   std::vector<std::string> inTheRepository;
   OfferedMachines machines;  // none if the query offers the package
+  RepositoryRemedies edits;
 };
 
 struct PackageExplanation {

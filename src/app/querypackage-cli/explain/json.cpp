@@ -2,8 +2,10 @@
 
 #include <vector>
 
+#include "explain/edits_text.h"
 #include "explain/explain.h"
 #include "output/query_json.h"
+#include "remedy/edit_text.h"
 #include "remedy/settings_change.h"
 
 namespace Vornik::Cli {
@@ -111,6 +113,60 @@ Json MachineObject(const Machine& machine) {
           {"arcIsNamed", machine.arcIsNamed}};
 }
 
+const char* NameOf(EditKind kind) {
+  switch (kind) {
+    case EditKind::SetProperty:
+      return "setProperty";
+    case EditKind::AddFile:
+      return "addFile";
+    case EditKind::AddPackEntry:
+      break;
+  }
+  return "addPackEntry";
+}
+
+Json EditObject(const Edit& edit) {
+  const auto property = [](const SupXmlProperty& each) {
+    return Json{{"name", each.name}, {"values", each.values}};
+  };
+  return {{"kind", NameOf(edit.kind)},
+          {"file", edit.file},
+          {"line", edit.line},
+          {"property", edit.property},
+          {"from", edit.before},
+          {"to", edit.after},
+          {"instance", ArrayOf(edit.properties, property)},
+          {"text", TextOf(edit)}};
+}
+
+Json EffectsObject(const EditEffects& effects) {
+  const auto machine = [](const MachineChanges& each) {
+    return Json{{"machineType", each.machine.machineType},
+                {"osValue", static_cast<std::uint32_t>(each.machine.osValue)},
+                {"arcValue", static_cast<std::uint32_t>(each.machine.arcValue)},
+                {"withdrawn", each.changes.withdrawn},
+                {"offered", each.changes.offered}};
+  };
+  return {{"withdrawn", effects.changes.withdrawn},
+          {"offered", effects.changes.offered},
+          {"machines", ArrayOf(effects.machines, machine)},
+          {"complete", effects.isComplete}};
+}
+
+Json RepositoryRemedyObject(const RepositoryRemedy& remedy) {
+  return {{"edits", ArrayOf(remedy.edits, EditObject)}, {"effects", EffectsObject(remedy.effects)}};
+}
+
+Json RepositoryRemediesObject(const RepositoryRemedies& edits) {
+  return {
+      {"state", NameOf(edits.state)},
+      {"smallest", ArrayOf(edits.smallest, RepositoryRemedyObject)},
+      {"sparing", edits.sparing ? RepositoryRemedyObject(*edits.sparing) : Json()},
+      {"searchEnded", edits.searchEnded},
+      {"text",
+       edits.smallest.empty() && edits.state != RemedyState::NotNeeded ? NoEditText(edits) : ""}};
+}
+
 Json RemediesObject(const QuerySettings& query, const Remedies& remedies) {
   const auto change = [&query](const QuerySettings& after) { return ChangeObject(query, after); };
   return {{"state", NameOf(remedies.state)},
@@ -119,7 +175,8 @@ Json RemediesObject(const QuerySettings& query, const Remedies& remedies) {
           {"searchEnded", remedies.searchEnded},
           {"inTheRepository", remedies.inTheRepository},
           {"machines", ArrayOf(remedies.machines.machines, MachineObject)},
-          {"machinesComplete", remedies.machines.isComplete}};
+          {"machinesComplete", remedies.machines.isComplete},
+          {"repository", RepositoryRemediesObject(remedies.edits)}};
 }
 
 Json PackageObject(const QuerySettings& query, const PackageExplanation& package) {

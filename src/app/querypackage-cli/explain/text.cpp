@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "explain/edits_text.h"
 #include "explain/filters.h"
 #include "output/columns.h"
 #include "output/console_text.h"
@@ -190,14 +191,25 @@ class Writer {
         Line(0, "No settings were found that make every filter match; not all were tried.");
         break;
     }
+    WriteFaults(remedies);
+    if (remedies.state == RemedyState::NotNeeded) return;
+    WriteEdits(remedies.edits);
+    Line(0, TextOf(remedies.machines, Lists()));
+  }
+
+  // What an edit mends needs no sentence of its own.
+  void WriteFaults(const Remedies& remedies) {
+    if (isBrief_ && remedies.edits.state == RemedyState::Found) return;
     const std::size_t shown = Shown(remedies.inTheRepository.size());
     for (std::size_t i = 0; i < shown; ++i) {
       Line(2, "In the repository: " + remedies.inTheRepository[i]);
     }
     WriteLeftOut(remedies.inTheRepository.size() - shown);
-    if (remedies.state != RemedyState::NotNeeded) {
-      Line(0, TextOf(remedies.machines, Lists()));
-    }
+  }
+
+  void WriteEdits(const RepositoryRemedies& edits) {
+    const EditDetail detail = isBrief_ ? EditDetail::Brief : EditDetail::Full;
+    for (const std::string& line : EditLines(edits, detail)) Line(0, line);
   }
 
   // How many of several lines are printed.

@@ -8,6 +8,8 @@ namespace Vornik::Cli {
 
 namespace {
 
+constexpr std::size_t maxFiles = 16;
+
 bool SameProperty(const SupXmlProperty& a, const SupXmlProperty& b) {
   return a.name == b.name && a.type == b.type && a.values == b.values;
 }
@@ -39,16 +41,23 @@ PropertyPlaces PropertyPlaces::WithoutLines() {
 int PropertyPlaces::LineOf(const std::string& file, const SupXmlProperties& package,
                            const char* property, PropertyRead read) {
   if (!readsFiles_) return 0;
-  if (file_ != file) {
-    inspection_ = InspectDescriptor(file);
-    file_ = file;
-  }
-  const auto& packages = inspection_.packages;
+  const auto& packages = InspectionOf(file).packages;
   const auto found =
       std::find_if(packages.begin(), packages.end(), [&package](const PlacedPackage& candidate) {
         return SameProperties(candidate.properties, package);
       });
   return found == packages.end() ? 0 : LineIn(*found, property, read);
+}
+
+const DescriptorInspection& PropertyPlaces::InspectionOf(const std::string& file) {
+  const auto known = inspections_.find(file);
+  if (known != inspections_.end()) return known->second;
+  if (files_.size() == maxFiles) {
+    inspections_.erase(files_.front());
+    files_.pop_front();
+  }
+  files_.push_back(file);
+  return inspections_.emplace(file, InspectDescriptor(file)).first->second;
 }
 
 }  // namespace Vornik::Cli

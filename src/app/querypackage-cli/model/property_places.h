@@ -2,6 +2,8 @@
 #ifndef VORNIK_CLI_MODEL_PROPERTY_PLACES_H
 #define VORNIK_CLI_MODEL_PROPERTY_PLACES_H
 
+#include <deque>
+#include <map>
 #include <string>
 
 #include "inspection/descriptor_inspection.h"
@@ -29,9 +31,11 @@ class PropertyPlaces {
              PropertyRead read);
 
  private:
-  // The last file that was asked for: packages of one pack follow each other.
-  std::string file_;
-  DescriptorInspection inspection_;
+  const DescriptorInspection& InspectionOf(const std::string& file);
+
+  // The files that were asked for last: packs are asked for again and again.
+  std::map<std::string, DescriptorInspection> inspections_;
+  std::deque<std::string> files_;  // the oldest one first
   bool readsFiles_ = true;
 };
 

@@ -11,8 +11,8 @@
 
 namespace Vornik::Cli {
 
-QueryModel::QueryModel(const FolderReading& folder, std::string path)
-    : folder_(folder), path_(std::move(path)) {}
+QueryModel::QueryModel(const FolderReading& folder, std::string path, IsFile isFile)
+    : folder_(folder), path_(std::move(path)), isFile_(std::move(isFile)) {}
 
 Evaluation QueryModel::Evaluate(const QuerySettings& settings) {
   if (!HasValidParameters(settings) || folder_.walkFailure) return {};
@@ -140,7 +140,7 @@ std::optional<std::size_t> QueryModel::ChosenPackFor(const QuerySettings& settin
 PayloadVerdict QueryModel::PayloadOf(const PropertySource& source) {
   const auto known = payloads_.find(source.entry);
   if (known != payloads_.end()) return known->second;
-  const PayloadVerdict verdict = EvaluatePayload(source.entry->properties, path_);
+  const PayloadVerdict verdict = EvaluatePayload(source.entry->properties, path_, isFile_);
   return payloads_.emplace(source.entry, verdict).first->second;
 }
 

@@ -21,6 +21,7 @@
 #include "model/machines.h"
 #include "model/query_settings.h"
 #include "model/repository.h"
+#include "reading/descriptor_files.h"
 #include "records/pack_selection.h"
 
 namespace Vornik::Cli {
@@ -32,14 +33,14 @@ struct Evaluation {
   std::vector<PropertySource> origins;         // what each record was built from
   std::vector<PropertySource> sources;         // where the filters find each record's properties
   std::vector<QueryPackageResult> records;     // as the query gives them; none if it cannot run
-  std::vector<std::optional<CodeList>> lists;  // one per record: its "supersede", if it is read
+  std::vector<std::optional<Vornik::CodeList>> lists;  // one per record: its "supersede", if it is read
   std::optional<Supersedence> supersedence;    // none: the filter does not run
 };
 
 class QueryModel {
  public:
-  // folder is borrowed. path is the one that it was read from.
-  QueryModel(const FolderReading& folder, std::string path);
+  // folder is borrowed. path is the one that it was read from. isFile answers for payloads.
+  QueryModel(const FolderReading& folder, std::string path, IsFile isFile = IsRegularFile);
   QueryModel(const QueryModel&) = delete;
   QueryModel& operator=(const QueryModel&) = delete;
 
@@ -90,6 +91,7 @@ class QueryModel {
 
   const FolderReading& folder_;
   const std::string path_;
+  const IsFile isFile_;
 
   // Answers that do not depend on the settings, or not on all of them.
   std::unordered_map<const PackageXmlEntry*, PayloadVerdict> payloads_;

@@ -103,8 +103,10 @@ constexpr std::size_t maxDistance = 3;
 
 class Search {
  public:
-  Search(QueryModel& model, const QuerySettings& settings, const std::string& code)
+  Search(QueryModel& model, const NamedMachines& named, const QuerySettings& settings,
+         const std::string& code)
       : model_(model),
+        named_(named),
         settings_(settings),
         code_(code),
         source_(model.SourceOf(code)),
@@ -131,7 +133,7 @@ class Search {
   void Run() {
     FindOrigins();
     ownChanges_ = OwnChanges(model_, settings_, code_, source_);
-    machines_ = MatchingMachines(source_.entry->properties, model_.Named(), settings_);
+    machines_ = MatchingMachines(source_.entry->properties, named_, settings_);
     for (std::size_t size = 0; size <= maxInterdependent + maxDistance; ++size) {
       for (std::size_t distance = 0; distance <= std::min(size, maxDistance); ++distance) {
         TryMachines(distance, size - distance);
@@ -236,6 +238,7 @@ class Search {
   }
 
   QueryModel& model_;
+  const NamedMachines& named_;
   const QuerySettings& settings_;
   const std::string& code_;
   const PropertySource source_;
@@ -249,8 +252,9 @@ class Search {
 
 }  // namespace
 
-Remedies FindRemedies(QueryModel& model, const QuerySettings& settings, const std::string& code) {
-  return Search(model, settings, code).Find();
+Remedies FindRemedies(QueryModel& model, const NamedMachines& machines,
+                      const QuerySettings& settings, const std::string& code) {
+  return Search(model, machines, settings, code).Find();
 }
 
 }  // namespace Vornik::Cli

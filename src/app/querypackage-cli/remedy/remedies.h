@@ -14,7 +14,9 @@
 namespace Vornik::Cli {
 
 // Each of the queries has been evaluated; none would hang or abort the process.
-Remedies FindRemedies(QueryModel& model, const QuerySettings& settings, const std::string& code);
+// model: of a part of the folder on which the package depends. machines: of the whole folder.
+Remedies FindRemedies(QueryModel& model, const NamedMachines& machines,
+                      const QuerySettings& settings, const std::string& code);
 
 }  // namespace Vornik::Cli
 

@@ -13,9 +13,9 @@ namespace {
 bool IsMissing(const std::string* value) { return value == nullptr || value->empty(); }
 
 // A name that cannot be turned into a path of this system names no file.
-bool IsFileInFolder(const std::string& folder, const std::string& name) {
+bool IsFileInFolder(const std::string& folder, const std::string& name, const IsFile& isFile) {
   try {
-    return IsRegularFile(PathInFolder(folder, name));
+    return isFile(PathInFolder(folder, name));
   } catch (const boost::system::system_error&) {
     return false;
   }
@@ -24,12 +24,17 @@ bool IsFileInFolder(const std::string& folder, const std::string& name) {
 }  // namespace
 
 PayloadVerdict EvaluatePayload(const SupXmlProperties& properties, const std::string& folder) {
+  return EvaluatePayload(properties, folder, IsRegularFile);
+}
+
+PayloadVerdict EvaluatePayload(const SupXmlProperties& properties, const std::string& folder,
+                               const IsFile& isFile) {
   const std::string* xmlFilename = FindPropertyValue(PropertyName::xmlFilename, properties);
   if (IsMissing(xmlFilename)) return PayloadVerdict::NoXmlFilename;
   const std::string* payload = FindPropertyValue(PropertyName::payload, properties);
   if (IsMissing(payload)) return PayloadVerdict::NoPayload;
-  if (!IsFileInFolder(folder, *xmlFilename)) return PayloadVerdict::DescriptorMissing;
-  if (!IsFileInFolder(folder, *payload)) return PayloadVerdict::PayloadMissing;
+  if (!IsFileInFolder(folder, *xmlFilename, isFile)) return PayloadVerdict::DescriptorMissing;
+  if (!IsFileInFolder(folder, *payload, isFile)) return PayloadVerdict::PayloadMissing;
   return PayloadVerdict::Found;
 }
 

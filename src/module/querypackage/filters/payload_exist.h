@@ -7,6 +7,7 @@
 #ifndef VORNIK_QUERYPACKAGE_FILTERS_PAYLOAD_EXIST_H
 #define VORNIK_QUERYPACKAGE_FILTERS_PAYLOAD_EXIST_H
 
+#include <functional>
 #include <string>
 
 #include "model/properties.h"
@@ -23,6 +24,11 @@ enum class PayloadVerdict {
 };
 
 PayloadVerdict EvaluatePayload(const SupXmlProperties& properties, const std::string& folder);
+
+// The same with another answer to which paths are regular files.
+using IsFile = std::function<bool(const std::string& path)>;
+PayloadVerdict EvaluatePayload(const SupXmlProperties& properties, const std::string& folder,
+                               const IsFile& isFile);
 
 }  // namespace Vornik
 

@@ -147,8 +147,47 @@ TEST_F(ExplainBriefTest, NeitherIdNorPackageIsRefused) {
   const Outcome outcome = Run({});
   EXPECT_EQ(outcome.status, 64);
   EXPECT_EQ(outcome.err,
-            "querypackage-cli: explain needs an ID or --package; see \"querypackage-cli explain "
+            "querypackage-cli: explain needs an ID, --package or --refused; see \"querypackage-cli "
+            "explain "
             "--help\"\n");
+}
+
+TEST_F(ExplainBriefTest, AllRefusedPackagesAreExplained) {
+  for (const char* code : {"offered", "x", "y", "z"}) WritePackage(code);
+  folder.Write("undecided.xml", Descriptor("undecided").Individual());
+  const Arguments more{"--no-kovu-filter", "--no-payload-exist-filter", "--refused"};
+  const auto run = [&](Arguments arguments) {
+    arguments.insert(arguments.begin(), more.begin(), more.end());
+    return Run(arguments);
+  };
+  const Outcome outcome = run({"--exclude", "y", "--exclude", "z"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.out, HasSubstr("y: REFUSED by excludeId."));
+  EXPECT_THAT(outcome.out, HasSubstr("z: REFUSED by excludeId."));
+  EXPECT_EQ(outcome.out.find("x: "), std::string::npos);
+  EXPECT_EQ(outcome.out.find("undecided"), std::string::npos);
+
+  EXPECT_EQ(run({}).out, "The query refuses no package.\n");
+  const Json none = Json::parse(run({"--format", "json"}).out);
+  EXPECT_EQ(none["explanations"], Json::array());
+  EXPECT_EQ(run({"--exclude", "y", "--exit-code"}).status, 10);
+
+  const Json both = Json::parse(run({"--exclude", "y", "--format", "json", "x", "y"}).out);
+  ASSERT_EQ(both["explanations"].size(), 2U) << "each once, those that are asked for first";
+  EXPECT_EQ(both["explanations"][0]["packageId"], "x");
+  EXPECT_EQ(both["explanations"][1]["packageId"], "y");
+  const Json one = Json::parse(run({"--exclude", "z", "--format", "json"}).out);
+  Json same = Json::parse(Run({"--no-kovu-filter", "--no-payload-exist-filter", "--exclude", "z",
+                               "--format", "json", "z"})
+                              .out);
+  EXPECT_EQ(one["explanations"][0], same);
+}
+
+TEST_F(ExplainBriefTest, RefusedQueryHasNoRefusedPackages) {
+  const Outcome outcome = Run({"--refused", "--include", "a", "--exclude", "a"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(LinesOf(outcome.err).size(), 1U);
 }
 
 TEST_F(ExplainBriefTest, ExitCodeTellsTheAnswer) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,6 +18,7 @@
 #include "explain/json.h"
 #include "explain/package_ids.h"
 #include "explain/text.h"
+#include "model/answer.h"
 #include "model/folder_reading.h"
 #include "model/library_run.h"
 #include "model/query_model.h"
@@ -36,6 +38,7 @@ struct ExplainOptions {
   TextDetail detail = TextDetail::Brief;
   LogOptions log{0, "", false};
   DisplayOptions display;
+  bool refused = false;
   bool trust = false;
   bool exitCode = false;
 };
@@ -53,27 +56,50 @@ std::vector<std::string> WarningsFor(const Explanation& explanation, const Order
   return warnings;
 }
 
-std::vector<Explanation> ExplainAll(const ExplainOptions& options, const EvaluatedQuery& query,
-                                    const ListingFacts& facts) {
-  const std::string packText = TextOf(facts.pack, options.query);
-  const OrderWarnings warnings = WarnOfOrder(options.query, facts, query.run.records);
+std::vector<std::string> IdsOf(const ExplainOptions& options, const EvaluatedQuery& query) {
   std::vector<std::string> ids;
   if (options.ids.exact) ids.push_back(*options.ids.exact);
   for (std::string& id : ResolveIds(query, options.ids.asked)) {
     if (id != options.ids.exact) ids.push_back(std::move(id));
   }
+  return ids;
+}
+
+// In the query's order, but for those that are explained already.
+void AddRefused(const EvaluatedQuery& query, const std::vector<std::string>& known,
+                std::vector<Explanation>& explanations) {
+  const std::set<std::string> codes(known.begin(), known.end());
+  const std::vector<QueryPackageResult>& records = query.run.records;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    if (AnswerFor(records[i], query.settings).answer != Answer::Refused) continue;
+    if (codes.count(records[i].identificationCode) != 0) continue;
+    explanations.push_back(ExplainRecord(query, i));
+  }
+}
+
+std::vector<Explanation> ExplainAll(const ExplainOptions& options, const EvaluatedQuery& query,
+                                    const ListingFacts& facts) {
+  const std::string packText = TextOf(facts.pack, options.query);
+  const OrderWarnings warnings = WarnOfOrder(options.query, facts, query.run.records);
+  const std::vector<std::string> ids = IdsOf(options, query);
   std::vector<Explanation> explanations;
+  explanations.reserve(ids.size());
   for (const std::string& id : ids) {
     explanations.push_back(Explain(query, id));
-    explanations.back().packText = packText;
-    explanations.back().warnings = WarningsFor(explanations.back(), warnings);
     if (!IsKnown(explanations.back())) explanations.back().nearest = NearestCodes(query, id);
+  }
+  if (options.refused) AddRefused(query, ids, explanations);
+  for (Explanation& explanation : explanations) {
+    explanation.packText = packText;
+    explanation.warnings = WarningsFor(explanation, warnings);
   }
   return explanations;
 }
 
 // One id has a document of its own.
-bool IsForOne(const PackageIds& ids) {
+bool IsForOne(const ExplainOptions& options) {
+  const PackageIds& ids = options.ids;
+  if (options.refused) return false;
   if (ids.exact) return ids.asked.empty();
   return ids.asked.size() == 1 && !IsPattern(ids.asked.front());
 }
@@ -81,9 +107,10 @@ bool IsForOne(const PackageIds& ids) {
 bool PrintExplanations(const ExplainOptions& options,
                        const std::vector<Explanation>& explanations) {
   if (options.format == Format::Json) {
-    return Print(IsForOne(options.ids) ? ExplanationJson(explanations.front())
-                                       : ExplanationsJson(explanations));
+    return Print(IsForOne(options) ? ExplanationJson(explanations.front())
+                                   : ExplanationsJson(explanations));
   }
+  if (explanations.empty()) return Print("The query refuses no package.\n");
   std::string text;
   for (const Explanation& explanation : explanations) {
     if (!IsExplained(explanation.returnCode)) return true;
@@ -147,14 +174,19 @@ int ExplainPackages(const ExplainOptions& options) {
   const EvaluatedQuery query{options.query, run, model, evaluation,
                              ListEntries(options.query.folder) != before};
   if (const auto failure = FailOnDisagreement(query)) return *failure;
+  if (!IsExplained(run.code) && !options.ids.exact && options.ids.asked.empty()) {
+    if (options.format == Format::Json && !Print(ExplanationsJson({}))) return FailToPrint();
+    return Fail(run.code, Advice(run.code, options.query));
+  }
   const std::vector<Explanation> explanations = ExplainAll(options, query, facts);
   return PrintExplanations(options, explanations) ? StatusOf(options, explanations) : FailToPrint();
 }
 
 int RunExplainCommand(const ExplainOptions& options) {
-  if (!options.ids.exact && options.ids.asked.empty()) {
-    return Fail(ExitStatus::usage,
-                "explain needs an ID or --package; see \"querypackage-cli explain --help\"");
+  if (!options.ids.exact && options.ids.asked.empty() && !options.refused) {
+    return Fail(
+        ExitStatus::usage,
+        "explain needs an ID, --package or --refused; see \"querypackage-cli explain --help\"");
   }
   if (const auto refusal = DirectLog(options.log, options.query)) return *refusal;
   return StatusOfRun([&options] { return ExplainPackages(options); });
@@ -186,6 +218,7 @@ void AddExplainCommand(CLI::App& app, std::function<int()>& chosen) {
   const auto options = std::make_shared<ExplainOptions>();
   AddQuerySettings(*command, options->query);
   AddPackageIds(*command, options->ids);
+  command->add_flag("--refused", options->refused, "Explain all packages that the query refuses");
   AddDetail(*command, options->detail);
   command->add_flag(
       "--exit-code", options->exitCode,

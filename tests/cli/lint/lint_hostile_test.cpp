@@ -126,6 +126,44 @@ TEST_F(LintHostileTest, ManyPackagesOfOneFamilyAreRanked) {
   EXPECT_EQ(PlacesIn(document, "payload-shared").size(), 100U);
 }
 
+// Two packages, of which the newer one's list is overridden by the older one's version.
+std::string OverriddenPair(const std::string& code) {
+  const auto instance = [&code](const std::string& suffix, const std::string& version) {
+    const std::string text = PutValues(SoundInstance(code + suffix), "driverFiles", {code + "-#1"});
+    return PutValue(text, "Version", version);
+  };
+  return PutValues(instance("", "10"), "supersede", {code + "-old"}) + instance("-old", "9");
+}
+
+// Each names all that come before it, which no machine gets together with it.
+std::string PackagesThatNameAllBefore(int count) {
+  std::string text;
+  std::vector<std::string> before;
+  for (int i = 0; i < count; ++i) {
+    const std::string number = std::to_string(1'000 + i);
+    const std::string instance =
+        PutValues(SoundInstance("m" + number), "orderedMachineTypeList", {number});
+    text += before.empty() ? instance : PutValues(instance, "supersede", before);
+    before.push_back("m" + number);
+  }
+  return text;
+}
+
+// 600 packages name 179,700 others, and 640 name 204,480.
+TEST_F(LintHostileTest, OfSupersedeListsTheFirstTwoHundredThousandEntriesAreTried) {
+  for (const int count : {600, 640}) {
+    const Json document =
+        LintBesideSound(packMarked + "<a>\n" + OwnInstance("hostile.xml") + OverriddenPair("a") +
+                        PackagesThatNameAllBefore(count) + OverriddenPair("z") + "</a>");
+    std::vector<std::string> codes;
+    for (const Json& finding : document["findings"]) {
+      if (finding["id"] == "supersede-overridden") codes.push_back(finding["code"]);
+    }
+    EXPECT_EQ(codes,
+              count == 600 ? (std::vector<std::string>{"a", "z"}) : std::vector<std::string>{"a"});
+  }
+}
+
 TEST_F(LintHostileTest, PackThatListsItselfManyTimesIsRead) {
   const std::string own = OwnInstance("hostile.xml");
   const Json document = LintBesideSound(packMarked + "<a>\n" + Repeat(own, 3'000) + "</a>");

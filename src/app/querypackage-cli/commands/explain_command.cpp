@@ -159,7 +159,6 @@ int StatusOf(const ExplainOptions& options, const std::vector<Explanation>& expl
 }
 
 int ExplainPackages(const ExplainOptions& options) {
-  const std::vector<FolderEntry> before = ListEntries(options.query.folder);
   FolderContents contents = ReadContentsOf(options.query);
   if (!options.trust) {
     if (const auto refusal = RefuseHazard(options.query, contents)) return *refusal;
@@ -171,8 +170,9 @@ int ExplainPackages(const ExplainOptions& options) {
   const FolderReading folder = Load(std::move(contents));
   QueryModel model(folder, options.query.folder);
   const Evaluation evaluation = model.Evaluate(options.query);
-  const EvaluatedQuery query{options.query, run, model, evaluation,
-                             ListEntries(options.query.folder) != before};
+  // The folder may be gone since the query.
+  if (IsExplained(run.code) && !evaluation.canRun) return FailOnFolder(options.query.folder);
+  const EvaluatedQuery query{options.query, run, model, evaluation};
   if (const auto failure = FailOnDisagreement(query)) return *failure;
   if (!IsExplained(run.code) && !options.ids.exact && options.ids.asked.empty()) {
     if (options.format == Format::Json && !Print(ExplanationsJson({}))) return FailToPrint();
@@ -197,9 +197,7 @@ int RunExplainCommand(const ExplainOptions& options) {
 std::optional<int> FailOnDisagreement(const EvaluatedQuery& query) {
   const std::optional<std::string> disagreement = FindDisagreement(query);
   if (!disagreement) return std::nullopt;
-  return Fail(ExitStatus::internalError,
-              "internal error: " + *disagreement +
-                  ", although no file of the folder changed: please report it");
+  return Fail(ExitStatus::internalError, "internal error: " + *disagreement + ": please report it");
 }
 
 namespace {

@@ -22,8 +22,8 @@ namespace {
 
 using Records = std::vector<QueryPackageResult>;
 
-// The explanation is for the verdict in the record. Where the folder changed and the evaluation
-// gives another one, its reason is not the one that decided.
+// Payload files that changed after the query give another verdict, whose reason is not the one that
+// decided.
 void OmitOtherReason(const QueryPackageResult& record, FilterExplanation& explanation) {
   const Filter& filter = FilterOf(explanation.filter);
   if (filter.slot == nullptr || explanation.status == record.*filter.slot) return;
@@ -32,32 +32,13 @@ void OmitOtherReason(const QueryPackageResult& record, FilterExplanation& explan
   explanation.properties.clear();
   explanation.details.clear();
   explanation.place = {};
-  SetReason(
-      explanation, "folderChanged",
-      "The folder changed after the query: its descriptors as they are now give another verdict.");
+  SetReason(explanation, "folderChanged",
+            "The folder changed after the query: its files as they are now give another verdict.");
 }
 
 std::vector<FilterExplanation> ExplainAll(const PackageContext& package) {
   std::vector<FilterExplanation> explanations;
   for (const Filter& filter : Filters()) explanations.push_back(filter.explain(package));
-  return explanations;
-}
-
-// For a record whose descriptor is gone.
-std::vector<FilterExplanation> ExplainGone(const QueryPackageResult& record,
-                                           const QuerySettings& settings) {
-  std::vector<FilterExplanation> explanations;
-  for (const Filter& filter : Filters()) {
-    FilterExplanation explanation;
-    explanation.filter = filter.id;
-    explanation.status = filter.slot == nullptr ? FilterStatus::Matched : record.*filter.slot;
-    explanation.runs = Runs(filter.id, settings);
-    explanations.push_back(
-        explanation.runs
-            ? SetReason(explanation, "folderChanged",
-                        "The folder changed after the query: no record is built from it any more.")
-            : ExplainOff(explanation));
-  }
   return explanations;
 }
 
@@ -139,16 +120,12 @@ class Explainer {
     const std::string& code = package.record.identificationCode;
     const Evaluation& query = query_.remedies->QueryOfPart(code);
     const std::size_t evaluated = IndexOf(query.records, code);
-    if (evaluated == query.records.size()) {
-      package.filters = ExplainGone(package.record, settings_);
-    } else {
-      const PackageContext context{settings_, query_.remedies->PartOf(code), query, *query_.places,
-                                   evaluated, query.sources[evaluated]};
-      AddSource(context, package);
-      package.filters = ExplainAll(context);
-      package.repeats = RepeatsOf(context);
-      package.supersede = SupersedeChainOf(context);
-    }
+    const PackageContext context{settings_, query_.remedies->PartOf(code), query, *query_.places,
+                                 evaluated, query.sources[evaluated]};
+    AddSource(context, package);
+    package.filters = ExplainAll(context);
+    package.repeats = RepeatsOf(context);
+    package.supersede = SupersedeChainOf(context);
     for (FilterExplanation& filter : package.filters) {
       OmitOtherReason(package.record, filter);
       filter.log = LogLinesOf(filter, code, package.repeats.size());
@@ -210,8 +187,16 @@ Explanation BeginExplanation(const EvaluatedQuery& query, const std::string& pac
 
 }  // namespace
 
+bool HavePayloadsChanged(const std::vector<QueryPackageResult>& records,
+                         const std::vector<QueryPackageResult>& evaluated) {
+  return !std::equal(records.begin(), records.end(), evaluated.begin(), evaluated.end(),
+                     [](const QueryPackageResult& a, const QueryPackageResult& b) {
+                       return a.payloadExistFilterStatus == b.payloadExistFilterStatus;
+                     });
+}
+
 std::optional<std::string> FindDisagreement(const EvaluatedQuery& query) {
-  if (query.folderChanged || !IsExplained(query.run.code)) return std::nullopt;
+  if (!IsExplained(query.run.code)) return std::nullopt;
   const Records& records = query.run.records;
   const Records& evaluated = query.evaluation.records;
   if (records.size() != evaluated.size()) {
@@ -219,7 +204,9 @@ std::optional<std::string> FindDisagreement(const EvaluatedQuery& query) {
                        Count(records.size(), "package"), evaluated.size());
   }
   for (std::size_t i = 0; i < records.size(); ++i) {
-    if (AreEqual(records[i], evaluated[i])) continue;
+    QueryPackageResult other = evaluated[i];
+    other.payloadExistFilterStatus = records[i].payloadExistFilterStatus;
+    if (AreEqual(records[i], other)) continue;
     return fmt::format("the query and its evaluation differ in package {} of {}, {}", i + 1,
                        records.size(), CodeText(records[i].identificationCode));
   }

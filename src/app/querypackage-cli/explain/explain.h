@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "explain/explanation.h"
 #include "model/library_run.h"
@@ -16,13 +17,17 @@
 
 namespace Vornik::Cli {
 
+// Whether payload files changed between a query and its evaluation.
+bool HavePayloadsChanged(const std::vector<QueryPackageResult>& records,
+                         const std::vector<QueryPackageResult>& evaluated);
+
 // A query with its evaluation, which is of the folder as it was read before the query.
 struct EvaluatedQuery {
   const QuerySettings& settings;
   const LibraryRun& run;
   QueryModel& model;
   const Evaluation& evaluation;
-  bool folderChanged = false;  // between the reading and the end of the query
+  bool folderChanged = HavePayloadsChanged(run.records, evaluation.records);
 
   // What they find out about the folder serves all packages that are explained.
   std::unique_ptr<PropertyPlaces> places = std::make_unique<PropertyPlaces>();
@@ -30,7 +35,8 @@ struct EvaluatedQuery {
 };
 
 // The first record in which the evaluation disagrees with the query, for a person. None: they
-// agree, or the folder changed, or the query had no records to give.
+// agree, or the query had no records to give. Payload files are looked up by both, and may change
+// in between: that is no disagreement.
 std::optional<std::string> FindDisagreement(const EvaluatedQuery& query);
 
 // A query that was refused or that could not read the folder is not explained: the packages and the

@@ -158,7 +158,7 @@ struct Explanation {
   std::string packText;  // which pack is in use, or why none is: one sentence
   // Why the answer depends on the order in which the system lists the folder; without full stops.
   std::vector<std::string> warnings;
-  bool folderChanged = false;  // between the query and the look at the descriptors
+  bool folderChanged = false;  // payload files did, between the query and its evaluation
   std::vector<PackageExplanation> packages;
   std::vector<std::string> nearest;    // codes like the id, where nothing in the folder has it
   std::vector<AbsenceReason> absence;  // empty where a record has exactly that code

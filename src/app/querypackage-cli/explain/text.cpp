@@ -55,7 +55,7 @@ class Writer {
   void Write(const Explanation& explanation) {
     if (explanation.folderChanged) {
       Line(0,
-           "The folder changed after the query. Verdicts are those of the query; a reason that "
+           "Payload files changed after the query. Verdicts are those of the query; a reason that "
            "no longer fits is left out.");
     }
     for (const PackageExplanation& package : explanation.packages) {

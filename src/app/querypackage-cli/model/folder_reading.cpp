@@ -5,7 +5,6 @@
 #include <boost/filesystem/path.hpp>
 #include <boost/system/system_error.hpp>
 #include <new>
-#include <system_error>
 #include <utility>
 
 #include "inspection/descriptor_inspection.h"
@@ -60,25 +59,6 @@ std::string FailureText(const std::exception_ptr& failure) {
   } catch (const boost::system::system_error& error) {
     return error.what();
   }
-}
-
-std::vector<FolderEntry> ListEntries(const std::string& folder) {
-  std::vector<FolderEntry> entries;
-  std::error_code failed;
-  std::filesystem::directory_iterator entry(fs::path(folder).native(), failed);
-  while (!failed && entry != std::filesystem::directory_iterator()) {
-    // What is gone by now has the size and the time of an error.
-    std::error_code gone;
-    FolderEntry listed{entry->path().filename(), entry->is_regular_file(gone), 0, {}};
-    if (HasDescriptorExtension(listed.name.native())) {
-      listed.size = entry->file_size(gone);
-      listed.time = entry->last_write_time(gone);
-    }
-    entries.push_back(std::move(listed));
-    entry.increment(failed);
-  }
-  if (failed == std::errc::not_enough_memory) throw std::bad_alloc();
-  return entries;
 }
 
 FolderContents ReadContents(const std::string& folder, const ReadingProgress& progress) {

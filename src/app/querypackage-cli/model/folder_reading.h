@@ -5,9 +5,7 @@
 #define VORNIK_CLI_MODEL_FOLDER_READING_H
 
 #include <boost/filesystem/file_status.hpp>
-#include <cstdint>
 #include <exception>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -36,22 +34,6 @@ FolderListing ListDescriptors(const std::string& folder);
 
 // What ended a listing early, for a person.
 std::string FailureText(const std::exception_ptr& failure);
-
-// An entry of a folder, by which a change of the folder is found. Size and time are those of a
-// descriptor: a query does not read other files, and the program's own output may go to one.
-struct FolderEntry {
-  std::filesystem::path name;
-  bool isFile = false;
-  std::uintmax_t size = 0;
-  std::filesystem::file_time_type time;
-
-  bool operator==(const FolderEntry& other) const {
-    return name == other.name && isFile == other.isFile && size == other.size && time == other.time;
-  }
-};
-
-// All entries, whatever their names, as far as the folder can be listed.
-std::vector<FolderEntry> ListEntries(const std::string& folder);
 
 struct RepositoryFile {
   std::string path;

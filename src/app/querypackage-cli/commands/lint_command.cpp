@@ -122,9 +122,9 @@ int WriteBaseline(const LintResult& result, const std::string& path) {
               fmt::format("the baseline \"{}\" could not be written: check where it goes", path));
 }
 
-LintResult LintWithProgress(const LintSettings& settings) {
-  Progress progress("files", true);
-  return Lint(settings,
+LintResult LintWithProgress(const LintOptions& options) {
+  Progress progress("files", !options.display.quiet);
+  return Lint(options.lint,
               [&progress](std::size_t done, std::size_t total) { progress.Show(done, total); });
 }
 
@@ -132,7 +132,7 @@ int LintFolderOf(LintOptions options) {
   if (!IsFolder(options.lint.folder)) return FailOnFolder(options.lint.folder);
   if (const auto status = SelectFiles(options)) return *status;
   if (const auto status = ReadBaseline(options)) return *status;
-  const LintResult result = LintWithProgress(options.lint);
+  const LintResult result = LintWithProgress(options);
   if (!Print(Render(result, options))) return FailToPrint();
   if (options.newBaseline.empty() || result.walkFailure) return StatusOf(result, options.failOn);
   return WriteBaseline(result, options.newBaseline);

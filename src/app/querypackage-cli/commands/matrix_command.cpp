@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "QueryPackage.h"
@@ -118,7 +119,7 @@ void AddMachinesOfFolder(const MatrixOptions& options, QueryModel& model, Machin
                                     maxMachines));
 }
 
-MachineList Narrowed(const MachineList& all, const std::vector<std::string>& patterns) {
+MachineList Narrowed(MachineList all, const std::vector<std::string>& patterns) {
   if (patterns.empty()) return all;
   MachineList narrowed;
   for (const MatrixMachine& machine : all.Machines()) {
@@ -228,8 +229,9 @@ FolderContents ReadFolderOf(const MatrixOptions& options) {
   });
 }
 
-int FailOnNoMachine(const MatrixOptions& options, const MachineList& all) {
-  if (!all.Machines().empty()) {
+// hasAny: before --machine narrowed them.
+int FailOnNoMachine(const MatrixOptions& options, bool hasAny) {
+  if (hasAny) {
     return Fail(ExitStatus::usage, "no machine matches --machine");
   }
   if (options.hasMachineFile) return FailOnMachines(options, "it has none");
@@ -251,11 +253,12 @@ int RunMatrix(const MatrixOptions& options) {
   if (folder.walkFailure) return FailOnWalk(*folder.walkFailure);
   QueryModel model(folder, options.query.folder);
   if (!options.hasMachineFile) AddMachinesOfFolder(options, model, all);
-  const MachineList machines = Narrowed(all, options.machines);
+  const bool hasAny = !all.Machines().empty();
+  const MachineList machines = Narrowed(std::move(all), options.machines);
   if (const auto hazard = FindHazard(model, options.query, machines.Kinds(), hazards)) {
     return Fail(ExitStatus::hazard, Describe(*hazard));
   }
-  if (machines.Machines().empty()) return FailOnNoMachine(options, all);
+  if (machines.Machines().empty()) return FailOnNoMachine(options, hasAny);
   return PrintMatrix(options, model, machines);
 }
 
@@ -264,7 +267,7 @@ int RunMatrixCommand(const MatrixOptions& options) {
     try {
       return RunMatrix(options);
     } catch (const Interrupted&) {
-      return Fail(ExitStatus::interrupted, "interrupted: the output is not complete");
+      return Fail(ExitStatus::interrupted, "interrupted: the output may not be complete");
     }
   });
 }

@@ -28,13 +28,14 @@ namespace Vornik::Cli {
 
 struct Evaluation {
   bool canRun = false;  // the parameters are valid, and no descriptor aborts the process
-  std::vector<PropertySource> built;           // of the records with the duplicates
-  std::vector<Duplicate> duplicates;           // indices into built
-  std::vector<PropertySource> origins;         // what each record was built from
-  std::vector<PropertySource> sources;         // where the filters find each record's properties
-  std::vector<QueryPackageResult> records;     // as the query gives them; none if it cannot run
-  std::vector<std::optional<Vornik::CodeList>> lists;  // one per record: its "supersede", if it is read
-  std::optional<Supersedence> supersedence;    // none: the filter does not run
+  std::vector<PropertySource> built;        // of the records with the duplicates
+  std::vector<Duplicate> duplicates;        // indices into built
+  std::vector<PropertySource> origins;      // what each record was built from
+  std::vector<PropertySource> sources;      // where the filters find each record's properties
+  std::vector<QueryPackageResult> records;  // as the query gives them; none if it cannot run
+  std::vector<std::optional<Vornik::CodeList>>
+      lists;                                 // one per record: its "supersede", if it is read
+  std::optional<Supersedence> supersedence;  // none: the filter does not run
 };
 
 class QueryModel {

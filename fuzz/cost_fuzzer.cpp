@@ -5,14 +5,11 @@
 // the rest is repeated as many times as four to its power; '=' in its place begins another file,
 // with the rest once. A file with one of the two contracts is omitted, as the query's target omits
 // it.
-#include <malloc.h>
-
 #include <algorithm>
 #include <boost/filesystem/operations.hpp>
-#include <cstdlib>
 #include <map>
-#include <new>
 
+#include "allocation/counted_allocations.h"
 #include "fuzz_input.h"
 #include "querypackageimp.h"
 #include "reading/descriptor_reading.h"
@@ -20,44 +17,6 @@
 #include "records/driver_files.h"
 #include "requirement.h"
 #include "temp_folder.h"
-
-namespace {
-
-struct Counted {
-  std::size_t now = 0;
-  std::size_t most = 0;
-  std::size_t calls = 0;
-};
-Counted counted;
-
-void* Allocate(std::size_t size) {
-  void* memory = std::malloc(size == 0 ? 1 : size);
-  if (memory == nullptr) throw std::bad_alloc();
-  counted.now += malloc_usable_size(memory);
-  counted.most = std::max(counted.most, counted.now);
-  ++counted.calls;
-  return memory;
-}
-
-void Free(void* memory) noexcept {
-  if (memory != nullptr) counted.now -= malloc_usable_size(memory);
-  std::free(memory);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) { return Allocate(size); }
-void* operator new[](std::size_t size) { return Allocate(size); }
-void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-  return Allocate(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-  return Allocate(size);
-}
-void operator delete(void* memory) noexcept { Free(memory); }
-void operator delete[](void* memory) noexcept { Free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { Free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { Free(memory); }
 
 namespace Vornik::Fuzzing {
 
@@ -135,6 +94,7 @@ void Check(std::string_view input) {
   query.arcValue = static_cast<ArcValue>(9);
   QueryPackageImp::Results records;
   Testing::RecordingLog::Reset(0);
+  Testing::CountedAllocations& counted = Testing::Counted();
   counted.calls = 0;
   const std::size_t before = counted.now;
   counted.most = before;

@@ -1,49 +1,13 @@
 // What a query of a folder allocates, against the bytes of the folder. Linked as
-// out_of_memory_test is, so that the operator new below is the only one.
+// out_of_memory_test is, so that the operator new that counts is the only one.
 #include <gtest/gtest.h>
-#include <malloc.h>
-
-#include <cstdlib>
-#include <new>
 
 #include "QueryPackage.h"
+#include "allocation/counted_allocations.h"
 #include "hostile_folders.h"
 #include "querypackageimp.h"
 #include "recording_log.h"
 #include "temp_folder.h"
-
-namespace {
-
-struct Counted {
-  std::size_t now = 0;
-  std::size_t most = 0;
-  std::size_t ever = 0;
-};
-Counted counted;
-
-void* Allocate(std::size_t size) {
-  void* memory = std::malloc(size == 0 ? 1 : size);
-  if (memory == nullptr) throw std::bad_alloc();
-  const std::size_t bytes = malloc_usable_size(memory);
-  counted.now += bytes;
-  counted.ever += bytes;
-  if (counted.now > counted.most) counted.most = counted.now;
-  return memory;
-}
-
-void Free(void* memory) noexcept {
-  if (memory != nullptr) counted.now -= malloc_usable_size(memory);
-  std::free(memory);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) { return Allocate(size); }
-void* operator new[](std::size_t size) { return Allocate(size); }
-void operator delete(void* memory) noexcept { Free(memory); }
-void operator delete[](void* memory) noexcept { Free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { Free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { Free(memory); }
 
 namespace Vornik::Testing {
 namespace {
@@ -68,6 +32,7 @@ QueryCost CostOf(const FolderTexts& files) {
   query.arcValue = static_cast<ArcValue>(9);
   QueryPackageImp::Results results;
   RecordingLog::Reset(0);
+  CountedAllocations& counted = Counted();
   const std::size_t before = counted.now;
   counted.most = before;
   counted.ever = 0;

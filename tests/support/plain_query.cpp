@@ -2,14 +2,13 @@
 
 #include <locale>
 
+#include "plain_filters.h"
 #include "plain_properties.h"
 #include "plain_results.h"
 
 namespace Vornik::Testing {
 
 namespace {
-
-using Texts = std::vector<std::string>;
 
 constexpr std::uint32_t matched = 1;
 constexpr std::uint32_t notMatched = 2;
@@ -157,37 +156,17 @@ class Query {
     for (QueryPackageResult& record : records_) {
       SupXmlProperties properties;
       if (!NeedProperties(record.identificationCode, properties)) continue;
-      const Texts machineTypes = PlainValues("orderedMachineTypeList", properties);
-      const Texts systems = PlainValues("orderedOSList", properties);
-      const Texts architectures = PlainValues("orderedOSArchitectureList", properties);
-      if (machineTypes.empty()) {
+      if (PlainValues("orderedMachineTypeList", properties).empty()) {
         log_.Error("ERROR: Couldn't find orderedMachineTypeList!");
-      } else if (systems.empty()) {
+      } else if (PlainValues("orderedOSList", properties).empty()) {
         log_.Error("ERROR: Couldn't find orderedOSList!");
-      } else if (architectures.empty()) {
+      } else if (PlainValues("orderedOSArchitectureList", properties).empty()) {
         log_.Error("ERROR: Couldn't find orderedOSArchitectureList!");
       } else {
         Judge(record, record.platformFilterStatus, "Platform",
-              FitsPlatform(machineTypes, systems, architectures));
+              PlainFitsPlatform(query_, properties));
       }
     }
-  }
-
-  bool FitsPlatform(const Texts& machineTypes, const Texts& systems, const Texts& architectures) {
-    for (std::size_t i = 0;
-         i < machineTypes.size() && i < systems.size() && i < architectures.size(); ++i) {
-      if (machineTypes[i] == query_.machineType &&
-          FitsNumber(systems[i], static_cast<std::uint32_t>(query_.osValue)) &&
-          FitsNumber(architectures[i], static_cast<std::uint32_t>(query_.arcValue))) {
-        return true;
-      }
-    }
-    return false;
-  }
-
-  static bool FitsNumber(const std::string& text, std::uint32_t target) {
-    const int number = PlainNumber(text);
-    return number == 0 || target == 0 || static_cast<std::uint32_t>(number) == target;
   }
 
   void Kovu() {
@@ -263,16 +242,9 @@ class Query {
         log_.Error("ERROR: Couldn't find update type!");
         continue;
       }
-      Judge(record, record.updateTypeFilterStatus, "UpdateType", IsRequested(PlainNumber(type)));
+      Judge(record, record.updateTypeFilterStatus, "UpdateType",
+            PlainRequestsType(query_, PlainNumber(type)));
     }
-  }
-
-  bool IsRequested(int type) {
-    for (const UpdateType requested : query_.updateTypes) {
-      const int number = static_cast<int>(requested);
-      if (type == 99 || number == 99 || type == number) return true;
-    }
-    return false;
   }
 
   QueryPackageImp& query_;

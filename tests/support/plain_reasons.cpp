@@ -1,5 +1,6 @@
 #include "plain_reasons.h"
 
+#include "plain_filters.h"
 #include "plain_properties.h"
 
 namespace Vornik::Testing {
@@ -66,29 +67,10 @@ class Reasons {
       reason.place = ListPlace(list);
       return reason;
     }
-    reason.word = FitsPlatform() ? "entryMatches" : "noEntryMatches";
-    if (!FitsPlatform()) reason.place = ListPlace("orderedMachineTypeList");
+    const bool fits = PlainFitsPlatform(query_, source_.properties);
+    reason.word = fits ? "entryMatches" : "noEntryMatches";
+    if (!fits) reason.place = ListPlace("orderedMachineTypeList");
     return reason;
-  }
-
-  bool FitsPlatform() const {
-    const Texts machineTypes = Values("orderedMachineTypeList");
-    const Texts systems = Values("orderedOSList");
-    const Texts architectures = Values("orderedOSArchitectureList");
-    for (std::size_t i = 0; i < machineTypes.size(); ++i) {
-      if (i == systems.size() || i == architectures.size()) return false;
-      if (machineTypes[i] == query_.machineType &&
-          FitsNumber(systems[i], static_cast<std::uint32_t>(query_.osValue)) &&
-          FitsNumber(architectures[i], static_cast<std::uint32_t>(query_.arcValue))) {
-        return true;
-      }
-    }
-    return false;
-  }
-
-  static bool FitsNumber(const std::string& text, std::uint32_t target) {
-    const auto number = static_cast<std::uint32_t>(PlainNumber(text));
-    return number == 0 || number == target;
   }
 
   PlainFilterReason Kovu() const {
@@ -207,16 +189,8 @@ class Reasons {
     reason.word = "noProperties";
     if (source_.file.empty()) return reason;
     if (Value("type").empty()) return At(reason, "noType", ValuePlace("type"));
-    if (IsRequested(PlainNumber(Value("type")))) return At(reason, "requested", {});
+    if (PlainRequestsType(query_, PlainNumber(Value("type")))) return At(reason, "requested", {});
     return At(reason, "notRequested", ValuePlace("type"));
-  }
-
-  bool IsRequested(int type) const {
-    for (const Vornik::UpdateType requested : query_.updateTypes) {
-      const int number = static_cast<int>(requested);
-      if (type == 99 || number == 99 || type == number) return true;
-    }
-    return false;
   }
 
   const PlainFacts& facts_;

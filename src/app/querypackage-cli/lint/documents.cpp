@@ -15,21 +15,6 @@ namespace Vornik::Cli {
 
 namespace {
 
-LintId IdOf(DescriptorFault fault) {
-  switch (fault) {
-    case DescriptorFault::TooLarge:
-    case DescriptorFault::NestedTooDeep:
-    case DescriptorFault::TooManyAttributes:
-    case DescriptorFault::TooManyDepths:
-    case DescriptorFault::TooManyProperties:
-    case DescriptorFault::ListsTooLarge:
-    case DescriptorFault::CodeTooLong:
-      return LintId::OverLimits;
-    default:
-      return LintId::NotWellFormed;
-  }
-}
-
 // To be followed by a full stop.
 std::string ReasonOf(const DescriptorReading& reading) {
   std::string reason = FaultText(reading);
@@ -114,7 +99,8 @@ void CheckAmpersands(const SearchedFile& file, LintReport& report) {
 void CheckDocument(const SearchedFile& file, LintReport& report) {
   const DescriptorReading& reading = file.inspection.reading;
   if (IsLoadFault(reading.fault)) {
-    report.Add(IdOf(reading.fault), file.name, {reading.line, reading.column},
+    report.Add(IsOverLimit(reading.fault) ? LintId::OverLimits : LintId::NotWellFormed, file.name,
+               {reading.line, reading.column},
                fmt::format("The document does not load: {}.", ReasonOf(reading)));
     return;
   }

@@ -46,7 +46,7 @@ DescriptorFault FaultWithoutMarker(const std::optional<std::string>& bytes) {
   return IsUtf16(*bytes) ? DescriptorFault::Utf16 : DescriptorFault::NoMarker;
 }
 
-enum class Step { Bytes, Document, Root, Content, None };
+enum class Step { Bytes, Limits, Document, Root, Content, None };
 
 // The step that a fault ends.
 Step FailingStep(DescriptorFault fault) {
@@ -58,7 +58,6 @@ Step FailingStep(DescriptorFault fault) {
     case DescriptorFault::NoMarker:
     case DescriptorFault::Utf16:
       return Step::Bytes;
-    case DescriptorFault::Empty:
     case DescriptorFault::TooLarge:
     case DescriptorFault::NestedTooDeep:
     case DescriptorFault::TooManyAttributes:
@@ -66,6 +65,8 @@ Step FailingStep(DescriptorFault fault) {
     case DescriptorFault::TooManyProperties:
     case DescriptorFault::ListsTooLarge:
     case DescriptorFault::CodeTooLong:
+      return Step::Limits;
+    case DescriptorFault::Empty:
     case DescriptorFault::NotWellFormed:
       return Step::Document;
     case DescriptorFault::NoRoot:
@@ -89,7 +90,11 @@ bool HasOverlongCode(const SupXmlProperties& properties) {
 
 }  // namespace
 
-bool IsLoadFault(DescriptorFault fault) { return FailingStep(fault) == Step::Document; }
+bool IsOverLimit(DescriptorFault fault) { return FailingStep(fault) == Step::Limits; }
+
+bool IsLoadFault(DescriptorFault fault) {
+  return IsOverLimit(fault) || FailingStep(fault) == Step::Document;
+}
 
 DescriptorReader::DescriptorReader(std::string path) : path_(std::move(path)) {}
 DescriptorReader::DescriptorReader(std::string path, DescriptorReading reading)

@@ -71,6 +71,9 @@ enum class DescriptorFault {
 // Why a document does not load, as opposed to one that contains nothing to read.
 bool IsLoadFault(DescriptorFault fault);
 
+// Of these, why one is refused that a parser would take.
+bool IsOverLimit(DescriptorFault fault);
+
 struct DescriptorReading {
   DescriptorMarkers markers;
   DescriptorKind kind = DescriptorKind::Neither;

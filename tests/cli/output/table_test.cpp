@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "cli_fixture.h"
+#include "output/cell_width.h"
 
 namespace Vornik::Testing {
 namespace {
@@ -28,12 +29,9 @@ std::string LineThatStarts(const std::string& out, const std::string& start) {
   return {};
 }
 
-// Characters of UTF-8 before the first occurrence of a whole word.
+// Cells of the terminal before the first occurrence of a whole word.
 std::size_t ColumnOf(const std::string& line, const std::string& word) {
-  const auto at = static_cast<std::ptrdiff_t>((line + " ").find(" " + word + " "));
-  return static_cast<std::size_t>(std::count_if(line.begin(), line.begin() + at, [](char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-  }));
+  return Cli::CellCount(line.substr(0, (line + " ").find(" " + word + " ")));
 }
 
 TEST_F(TableTest, EachPackageHasOneLineWithItsVerdicts) {
@@ -85,7 +83,7 @@ TEST_F(TableTest, LinesFollowTheRecords) {
   EXPECT_EQ(std::vector<std::string>(codes.begin() + 1, codes.end() - 2), CodesOf(QueryJson()));
 }
 
-TEST_F(TableTest, ColumnsAreAlignedByCharacter) {
+TEST_F(TableTest, ColumnsAreAlignedByCell) {
   const std::vector<std::string> codes{"short", "a-rather-longer-code",
                                        "\xC3\xA4\xC3\xB6\xC3\xBC\xC3\x9F",
                                        "\xE6\x97\xA5\xE6\x9C\xAC", "\xF0\x9F\x98\x80-x"};

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "output/console_text.h"
+#include "output/cell_width.h"
 
 namespace Vornik::Cli {
 
@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t maxColumnWidth = 64;
 
 std::string Blanks(const std::string& text, std::size_t width) {
-  const std::size_t length = CharacterCount(text);
+  const std::size_t length = CellCount(text);
   return std::string(width > length ? width - length : 0, ' ');
 }
 
@@ -20,7 +20,7 @@ std::vector<std::size_t> ColumnWidths(const std::vector<Row>& rows) {
   std::vector<std::size_t> widths(rows.front().size(), 0);
   for (const Row& row : rows) {
     for (std::size_t i = 0; i < row.size(); ++i) {
-      const std::size_t width = CharacterCount(row[i].text);
+      const std::size_t width = CellCount(row[i].text);
       if (width <= maxColumnWidth) widths[i] = std::max(widths[i], width);
     }
   }
@@ -48,7 +48,7 @@ std::size_t WidthInColumns(const std::vector<Row>& rows) {
   for (const Row& row : rows) {
     std::size_t length = 0;
     for (std::size_t i = 0; i < row.size(); ++i) {
-      const std::size_t text = CharacterCount(row[i].text);
+      const std::size_t text = CellCount(row[i].text);
       length += i + 1 < row.size() ? std::max(text, widths[i]) + 2 : text;
     }
     longest = std::max(longest, length);

@@ -21,10 +21,10 @@ using Row = std::vector<Cell>;
 // text, but a very long one is printed whole and moves the columns of its own line only.
 std::string InColumns(const std::vector<Row>& rows, bool colour);
 
-// The number of characters of the longest line.
+// The number of cells of the longest line.
 std::size_t WidthInColumns(const std::vector<Row>& rows);
 
-// The text, with blanks after it up to a number of characters.
+// The text, with blanks after it up to a number of cells.
 std::string Padded(const std::string& text, std::size_t width);
 
 }  // namespace Vornik::Cli

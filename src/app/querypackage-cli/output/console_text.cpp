@@ -40,9 +40,4 @@ bool IsUtf8(std::string_view text) {
   return true;
 }
 
-std::size_t CharacterCount(std::string_view printable) {
-  return static_cast<std::size_t>(std::count_if(
-      printable.begin(), printable.end(), [](char byte) { return !IsUtf8Continuation(byte); }));
-}
-
 }  // namespace Vornik::Cli

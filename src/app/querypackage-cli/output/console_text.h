@@ -3,7 +3,6 @@
 #ifndef VORNIK_CLI_OUTPUT_CONSOLE_TEXT_H
 #define VORNIK_CLI_OUTPUT_CONSOLE_TEXT_H
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -20,9 +19,6 @@ std::string Printable(std::string_view text);
 
 // Whether the whole text is valid UTF-8.
 bool IsUtf8(std::string_view text);
-
-// Number of characters in a text that Printable returned.
-std::size_t CharacterCount(std::string_view printable);
 
 }  // namespace Vornik::Cli
 

@@ -8,8 +8,8 @@
 
 namespace Vornik::Cli {
 
-// Two lines for each finding, a third one if it has more places; unless quiet the number of findings
-// of each id, what the baseline has, and a closing line.
+// Two lines for each finding, a third one if it has more places; unless quiet the number of
+// findings of each id, what the baseline has, and a closing line.
 std::string LintText(const LintResult& result, bool quiet, bool colour);
 
 // A rule, explained.

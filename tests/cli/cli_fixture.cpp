@@ -7,6 +7,26 @@
 
 namespace Vornik::Testing {
 
+Cli::QuerySettings SettingsFor(const std::string& folder) {
+  Cli::QuerySettings settings;
+  settings.folder = folder;
+  settings.machineType = "1234";
+  settings.osValue = static_cast<OsValue>(10);
+  settings.arcValue = static_cast<ArcValue>(9);
+  return settings;
+}
+
+void ExpectUsageError(const Arguments& arguments, const std::string& says) {
+  const Outcome outcome = RunCli(arguments);
+  SCOPED_TRACE(testing::PrintToString(arguments));
+  EXPECT_EQ(outcome.status, 64);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(LinesOf(outcome.err).size(), 1U);
+  EXPECT_THAT(outcome.err, testing::StartsWith("querypackage-cli: "));
+  EXPECT_THAT(outcome.err, testing::HasSubstr(says));
+  EXPECT_THAT(outcome.err, testing::EndsWith("see \"querypackage-cli --help\"\n"));
+}
+
 Arguments CliTest::QueryArguments(const Arguments& more) {
   Arguments arguments{"query", folder.Path(), "--machine-type", "1234",
                       "--os",  "10",          "--arch",         "9"};

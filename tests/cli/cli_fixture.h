@@ -9,6 +9,7 @@
 #include <string>
 
 #include "descriptors.h"
+#include "model/query_settings.h"
 #include "program.h"
 #include "temp_folder.h"
 
@@ -16,8 +17,16 @@ namespace Vornik::Testing {
 
 using Json = nlohmann::ordered_json;
 
+// For machine type 1234, operating system 10, architecture 9.
+Cli::QuerySettings SettingsFor(const std::string& folder);
+
+// A command line that is wrong ends with 64 and one line, which says this.
+void ExpectUsageError(const Arguments& arguments, const std::string& says);
+
 class CliTest : public testing::Test {
  protected:
+  Cli::QuerySettings Settings() const { return SettingsFor(folder.Path()); }
+
   // "query" for the fixture's folder and machine, with more arguments behind.
   Arguments QueryArguments(const Arguments& more = {});
   Outcome Query(const Arguments& more = {}, const Variables& variables = {});

@@ -5,7 +5,6 @@
 namespace Vornik::Testing {
 namespace {
 
-using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -145,16 +144,7 @@ TEST_F(CommandLineTest, WrongOrIncompleteLinesAreRefused) {
       {{"query", "folder", "--machine-type", "1234", "--os", "10", "--arch", "4294967296"},
        "--arch"},
   };
-  for (const auto& one : cases) {
-    const Outcome outcome = RunCli(one.arguments);
-    SCOPED_TRACE(testing::PrintToString(one.arguments));
-    EXPECT_EQ(outcome.status, 64);
-    EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(LinesOf(outcome.err).size(), 1U);
-    EXPECT_THAT(outcome.err, StartsWith("querypackage-cli: "));
-    EXPECT_THAT(outcome.err, HasSubstr(one.says));
-    EXPECT_THAT(outcome.err, EndsWith("see \"querypackage-cli --help\"\n"));
-  }
+  for (const auto& one : cases) ExpectUsageError(one.arguments, one.says);
 }
 
 TEST_F(CommandLineTest, NumbersReachTheirLimits) {

@@ -14,10 +14,6 @@ class InternalErrorTest : public CliTest {
   InternalErrorTest() {
     WritePackage("a");
     WritePackage("b");
-    settings.folder = folder.Path();
-    settings.machineType = "1234";
-    settings.osValue = static_cast<OsValue>(10);
-    settings.arcValue = static_cast<ArcValue>(9);
     reading = Cli::ReadFolder(folder.Path());
     run = Cli::RunLibrary(settings);
   }
@@ -32,7 +28,7 @@ class InternalErrorTest : public CliTest {
     return status;
   }
 
-  Cli::QuerySettings settings;
+  Cli::QuerySettings settings = Settings();
   Cli::FolderReading reading;
   Cli::LibraryRun run;
   std::string error;

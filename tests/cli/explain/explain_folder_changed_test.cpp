@@ -13,13 +13,6 @@ namespace {
 
 class FolderChangedTest : public CliTest {
  protected:
-  FolderChangedTest() {
-    settings.folder = folder.Path();
-    settings.machineType = "1234";
-    settings.osValue = static_cast<OsValue>(10);
-    settings.arcValue = static_cast<ArcValue>(9);
-  }
-
   // Lets the folder be changed between the query and its evaluation.
   Cli::Explanation ExplainAfter(const std::function<void()>& change) {
     const FolderContents contents = Cli::ReadContents(folder.Path());
@@ -33,7 +26,7 @@ class FolderChangedTest : public CliTest {
     return Cli::Explain(query, "a");
   }
 
-  Cli::QuerySettings settings;
+  Cli::QuerySettings settings = Settings();
 };
 
 TEST_F(FolderChangedTest, UnchangedFolderIsNotSaidToHaveChanged) {

@@ -91,15 +91,6 @@ class ExplainLogTest : public RandomFolderTest {
     }
   }
 
-  Cli::QuerySettings Settings() const {
-    Cli::QuerySettings settings;
-    settings.folder = folder.Path();
-    settings.machineType = "1234";
-    settings.osValue = static_cast<OsValue>(10);
-    settings.arcValue = static_cast<ArcValue>(9);
-    return settings;
-  }
-
   // Filter, whether it runs, status, number of lines.
   std::set<std::tuple<Cli::FilterId, bool, std::uint32_t, std::size_t>> kinds;
 

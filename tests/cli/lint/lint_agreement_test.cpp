@@ -75,11 +75,7 @@ void ExpectSamePayloads(const Cli::LintResult& result, const Cli::FolderReading&
 }
 
 void ExpectSameHazard(const Cli::LintResult& result, const std::string& folder) {
-  Cli::QuerySettings settings;
-  settings.folder = folder;
-  settings.machineType = "1234";
-  settings.osValue = static_cast<OsValue>(10);
-  settings.arcValue = static_cast<ArcValue>(9);
+  const Cli::QuerySettings settings = SettingsFor(folder);
   const auto hazard = Cli::FindHazard(settings, Cli::ReadContentsOf(settings));
   const bool isNamed =
       std::any_of(result.findings.begin(), result.findings.end(), [](const auto& finding) {

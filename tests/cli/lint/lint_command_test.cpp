@@ -6,7 +6,6 @@
 namespace Vornik::Testing {
 namespace {
 
-using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -170,16 +169,7 @@ TEST_F(LintCommandTest, WrongOrIncompleteLinesAreRefused) {
       {{"lint", "--explain"}, "--explain"},
       {{"lint", "a", "--os", "10"}, "--os"},
   };
-  for (const auto& one : cases) {
-    const Outcome outcome = RunCli(one.arguments);
-    SCOPED_TRACE(testing::PrintToString(one.arguments));
-    EXPECT_EQ(outcome.status, 64);
-    EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(LinesOf(outcome.err).size(), 1U);
-    EXPECT_THAT(outcome.err, StartsWith("querypackage-cli: "));
-    EXPECT_THAT(outcome.err, HasSubstr(one.says));
-    EXPECT_THAT(outcome.err, EndsWith("see \"querypackage-cli --help\"\n"));
-  }
+  for (const auto& one : cases) ExpectUsageError(one.arguments, one.says);
 }
 
 TEST_F(LintCommandTest, HelpNamesEveryOption) {

@@ -13,11 +13,7 @@ namespace Vornik::Testing {
 Asked Ask(const LintFiles& files, const SettingsChange& change) {
   const TempFolder folder;
   WriteFilesTo(folder, files);
-  Cli::QuerySettings settings;
-  settings.folder = folder.Path();
-  settings.machineType = "1234";
-  settings.osValue = static_cast<OsValue>(10);
-  settings.arcValue = static_cast<ArcValue>(9);
+  Cli::QuerySettings settings = SettingsFor(folder.Path());
   settings.updateTypes = {static_cast<UpdateType>(1)};
   if (change) change(settings);
   if (Cli::FindHazard(settings, Cli::ReadContentsOf(settings))) {

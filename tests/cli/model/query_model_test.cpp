@@ -9,17 +9,7 @@
 namespace Vornik::Testing {
 namespace {
 
-class QueryModelTest : public RandomFolderTest {
- protected:
-  Cli::QuerySettings Settings() const {
-    Cli::QuerySettings settings;
-    settings.folder = folder.Path();
-    settings.machineType = "1234";
-    settings.osValue = static_cast<OsValue>(10);
-    settings.arcValue = static_cast<ArcValue>(9);
-    return settings;
-  }
-};
+class QueryModelTest : public RandomFolderTest {};
 
 TEST_F(QueryModelTest, GivesTheRecordsOfTheLibrary) {
   const TestRandom test;

@@ -17,15 +17,6 @@ namespace {
 
 class ListingOrderTest : public CliTest {
  protected:
-  Cli::QuerySettings Settings() const {
-    Cli::QuerySettings settings;
-    settings.folder = folder.Path();
-    settings.machineType = "1234";
-    settings.osValue = static_cast<OsValue>(10);
-    settings.arcValue = static_cast<ArcValue>(9);
-    return settings;
-  }
-
   // The contents in every order.
   std::vector<FolderContents> Orders() const {
     const FolderContents contents = Cli::ReadContents(folder.Path());

@@ -394,6 +394,28 @@ class Bounds {
     return MedianOf(std::move(times));
   }
 
+  // Three fifths of the packages are refused, by their update type.
+  void RefusedPackages() {
+    if (options_.program.empty()) return;
+    const std::size_t few = std::max<std::size_t>(options_.size / 20, 100);
+    const std::size_t many = few * 2;
+    const TemporaryRepository small(few, DriverShape::Hundreds);
+    const TemporaryRepository large(many, DriverShape::Hundreds);
+    const auto perPackage = [&](const TemporaryRepository& repository, std::size_t packages) {
+      const double time = ProcessorTimeOf(
+          {options_.program, "explain", repository.Folder(), "--refused", "--machine-type",
+           machineType, "--os", fmt::format("{}", operatingSystem), "--arch",
+           fmt::format("{}", architecture), "--no-kovu-filter", "--no-supersede-filter",
+           "--update-type", "0", "--update-type", "1"});
+      return time / static_cast<double>(packages);
+    };
+    Add(fmt::format("explain --refused, a package of {} / of {}", many, few),
+        TimePairs(
+            std::min<std::size_t>(options_.pairs, 3), [&] { return perPackage(large, many); },
+            [&] { return perPackage(small, few); }),
+        1.25);
+  }
+
   std::string program_;
   Options options_;
   std::vector<Row> rows_;

@@ -75,7 +75,8 @@ class Bounds {
                                             [this] { HostileFolders(); },
                                             [this] { Program(); },
                                             [this] { GrowthOfProgram(); },
-                                            [this] { MachinesOfMatrix(); }};
+                                            [this] { MachinesOfMatrix(); },
+                                            [this] { RefusedPackages(); }};
     std::size_t number = 0;
     for (const auto& group : groups) {
       if (++number == options_.row || options_.row == 0) group();

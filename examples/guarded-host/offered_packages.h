@@ -1,4 +1,4 @@
-// What the child process tells the host, as bytes for a pipe.
+// What the child process sends to the host, as bytes.
 #ifndef OFFERED_PACKAGES_H
 #define OFFERED_PACKAGES_H
 

@@ -1,5 +1,5 @@
-// An operator new that counts what the whole program allocates, with a function of the GNU C library.
-// A program that is linked with counted_allocations.cpp has it.
+// An operator new that counts what the whole program allocates, with a function of the GNU C
+// library. A program that is linked with counted_allocations.cpp has it.
 #ifndef VORNIK_TESTS_COUNTED_ALLOCATIONS_H
 #define VORNIK_TESTS_COUNTED_ALLOCATIONS_H
 

@@ -28,7 +28,7 @@ bool WriteToPipe(const std::string& bytes) {
 }  // namespace
 
 int QueryInChild(const Limits& limits, const std::string& folder, const std::string& machineType) {
-  if (!LimitOwnMemory(limits.mebibytes << 20U)) {
+  if (limits.mebibytes != 0 && !LimitOwnMemory(limits.mebibytes << 20U)) {
     std::cerr << "the memory of the query cannot be limited\n";
     return 1;
   }

@@ -7,7 +7,7 @@
 
 struct Limits {
   unsigned int seconds = 10;
-  std::size_t mebibytes = 512;
+  std::size_t mebibytes = 512;  // of memory; 0: as many as there are
 };
 
 // Queries the folder, writes the packages that may be installed to standard output as Encode does,

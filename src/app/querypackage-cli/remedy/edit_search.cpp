@@ -22,6 +22,16 @@ std::size_t InstancesOf(const FolderCopy& folder) {
   return instances;
 }
 
+// Whether properties are written after an entry is added: less clear than the other way round, and
+// where the entry is a copy of what is written later, right in some orders of the listing only.
+bool WritesAfterEntry(const Edits& edits) {
+  const auto entry = std::find_if(edits.begin(), edits.end(), [](const Edit& edit) {
+    return edit.kind == EditKind::AddPackEntry;
+  });
+  return std::any_of(entry, edits.end(),
+                     [](const Edit& edit) { return edit.kind == EditKind::SetProperty; });
+}
+
 // Goes through remedies by their size; each is the one before it and a way past its first obstacle.
 class Search {
  public:
@@ -47,7 +57,7 @@ class Search {
     }
     if (!found_.smallest.empty()) found_.obstacle.reset();
     std::stable_partition(found_.smallest.begin(), found_.smallest.end(),
-                          [this](const Edits& edits) { return !EditsAddedEntry(edits); });
+                          [](const Edits& edits) { return !WritesAfterEntry(edits); });
     return std::move(found_);
   }
 
@@ -78,17 +88,6 @@ class Search {
       longer = Merged(std::move(longer));
       if (longer.size() <= maxEdits) bySize_.emplace(longer.size(), std::move(longer));
     }
-  }
-
-  // Whether it adds an entry and then gives it other values: less clear than edits of what is
-  // there.
-  bool EditsAddedEntry(const Edits& edits) const {
-    return std::any_of(edits.begin(), edits.end(), [this](const Edit& edit) {
-      if (edit.kind != EditKind::SetProperty || edit.instance.pack == InstanceId::noPack) {
-        return false;
-      }
-      return edit.instance.entry >= folder_.packs[edit.instance.pack].nextEntry;
-    });
   }
 
   void Keep(Edits edits) {

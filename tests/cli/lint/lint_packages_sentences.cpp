@@ -344,7 +344,9 @@ LintClaims PackageFileClaims() {
     return IsRefusedForItsFiles(files, of.id);
   };
   return {
+#ifndef _WIN32
       {"separator-foreign", isRefused},
+#endif
       {"xml-filename-missing-file", isRefused},
       {"payload-missing", isRefused},
       {"payload-outside", IsLostInACopy},

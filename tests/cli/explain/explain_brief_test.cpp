@@ -173,7 +173,7 @@ TEST_F(ExplainBriefTest, AllRefusedPackagesAreExplained) {
   EXPECT_EQ(run({"--exclude", "y", "--exit-code"}).status, 10);
 
   const Json both = Json::parse(run({"--exclude", "y", "--format", "json", "x", "y"}).out);
-  ASSERT_EQ(both["explanations"].size(), 2U) << "each once, those that are asked for first";
+  ASSERT_EQ(both["explanations"].size(), 2U) << "each once, the ids that are given first";
   EXPECT_EQ(both["explanations"][0]["packageId"], "x");
   EXPECT_EQ(both["explanations"][1]["packageId"], "y");
   const Json one = Json::parse(run({"--exclude", "z", "--format", "json"}).out);

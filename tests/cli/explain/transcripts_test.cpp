@@ -31,7 +31,7 @@ std::vector<std::string> FindTranscripts() {
   return names;
 }
 
-// What a word of a transcript stands for.
+// What a word of a transcript means.
 struct Place {
   std::string word;
   std::string path;

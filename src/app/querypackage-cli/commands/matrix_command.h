@@ -10,7 +10,7 @@ class App;
 
 namespace Vornik::Cli {
 
-// Sets chosen to the run of the subcommand when it was asked for.
+// Adds the subcommand, as AddListCommand does.
 void AddMatrixCommand(CLI::App& app, std::function<int()>& chosen);
 
 }  // namespace Vornik::Cli

@@ -197,7 +197,7 @@ class Writer {
     Line(0, TextOf(remedies.machines, Lists()));
   }
 
-  // What an edit mends needs no sentence of its own.
+  // A fault that an edit corrects needs no sentence of its own.
   void WriteFaults(const Remedies& remedies) {
     if (isBrief_ && remedies.edits.state == RemedyState::Found) return;
     const std::size_t shown = Shown(remedies.inTheRepository.size());

@@ -44,11 +44,11 @@ struct KindResult {
   int returnCode = QueryCode::Completed;  // of a query: Completed or NoResults
   std::vector<MatrixCell> cells;          // of each package of the matrix
 
-  // If they were asked for, as ReasonOf returns them, each text once: most are equal.
+  // If the request keeps them, as ReasonOf returns them, each text once: most are equal.
   std::vector<std::string> reasons;
   std::vector<std::uint32_t> reasonOf;  // of each package the index of its reason
 
-  std::vector<QueryPackageResult> records;  // if they were asked for
+  std::vector<QueryPackageResult> records;  // if the request keeps them
 };
 
 struct Matrix {

@@ -33,7 +33,7 @@ class PropertyPlaces {
  private:
   const DescriptorInspection& InspectionOf(const std::string& file);
 
-  // The files that were asked for last: packs are asked for again and again.
+  // The files that were used last: packs are used again and again.
   std::map<std::string, DescriptorInspection> inspections_;
   std::deque<std::string> files_;  // the oldest one first
   bool readsFiles_ = true;
